@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tallyo {
+
+// Whether a text can be the name of one file in a folder: not empty, not "." or "..", without "/",
+// "\", NUL and other bytes below 0x20 or 0x7F, at most 255 bytes.
+[[nodiscard]] bool IsFileName(std::string_view name);
+
+// The disk, as the program uses it. All contents are bytes. Every failure is a RuntimeError.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Makes one folder, its parent being there. An existing folder is no failure.
+  virtual void MakeFolder(const std::filesystem::path& folder) = 0;
+
+  [[nodiscard]] virtual bool Exists(const std::filesystem::path& file) const = 0;
+
+  // The whole file.
+  [[nodiscard]] virtual std::string Read(const std::filesystem::path& file) const = 0;
+
+  // Writes the whole content to the work file (in the same file system), flushes it to disk, and
+  // renames it over the file: whenever the program is killed, the file is its old or its new self.
+  // The work file may remain where this fails.
+  virtual void Replace(const std::filesystem::path& file, std::string_view content,
+                       const std::filesystem::path& workFile) = 0;
+
+  // Deletes a file that must be there.
+  virtual void Delete(const std::filesystem::path& file) = 0;
+};
+
+}  // namespace tallyo

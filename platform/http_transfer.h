@@ -9,8 +9,8 @@ namespace tallyo {
 
 struct TransferRequest {
   std::string address;      // sent byte for byte as it stands
-  int timeoutSeconds = 60;  // for the whole transfer
-  bool followRedirects = false;
+  int timeoutSeconds = 60;       // for the whole transfer, at least 1
+  bool followRedirects = false;  // five at most, never from https to http
 };
 
 // Throws TransportFailure (BadAddress) unless the address has the scheme http or https, a host,

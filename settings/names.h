@@ -1,15 +1,15 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 // Every key and value that the program keeps in its settings store.
 namespace tallyo::names {
 
-inline constexpr std::string_view kAppTitle = "Tallyo";
-inline constexpr std::string_view kSettingsRoot = "Software\\Quillmere\\";  // AppTitle follows
-inline constexpr std::string_view kRunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
-inline constexpr std::string_view kMonitorFiles = "\\MonitorFiles\\";  // behind SettingsKey
+inline constexpr std::string_view AppTitle = "Tallyo";
+inline constexpr std::string_view SettingsKey = "Software\\Quillmere\\Tallyo";
+inline constexpr std::string_view RunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+// Record NN of the monitored links is the value NN of the key MonitorFilesKey + NN.
+inline constexpr std::string_view MonitorFilesKey = "Software\\Quillmere\\Tallyo\\MonitorFiles\\";
 
 inline constexpr std::string_view kUser = "User";
 inline constexpr std::string_view kAccount = "Account";

@@ -38,7 +38,9 @@ std::int16_t ToInt16(double value) { return Rounded<std::int16_t>(value); }
 std::int32_t ToInt32(double value) { return Rounded<std::int32_t>(value); }
 
 float ToSingle(double value) {
-  if (!(std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max()))) {
+  // Below this, half a place past the largest single, a number still rounds to that.
+  constexpr double kLimit = 0x1.ffffffp127;
+  if (!(std::fabs(value) < kLimit)) {
     throw RuntimeError("overflow: a number that does not fit single precision");
   }
   return static_cast<float>(value);

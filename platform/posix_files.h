@@ -1,0 +1,30 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "platform/files.h"
+
+namespace tallyo {
+
+// The real disk. A path whose last part is no file name (see IsFileName) names a missing file. The
+// folders on the way to a file may be links; a file to read may be one too, a work file may not.
+class PosixFiles final : public Files {
+ public:
+  void MakeFolder(const std::filesystem::path& folder) override;
+
+  // Whether a regular file stands there; a folder is none.
+  [[nodiscard]] bool Exists(const std::filesystem::path& file) const override;
+
+  // Fails for what is no regular file, and for a file over 1 GiB.
+  [[nodiscard]] std::string Read(const std::filesystem::path& file) const override;
+
+  // New files are made with mode 0644, less the umask of the process.
+  void Replace(const std::filesystem::path& file, std::string_view content,
+               const std::filesystem::path& workFile) override;
+
+  void Delete(const std::filesystem::path& file) override;
+};
+
+}  // namespace tallyo

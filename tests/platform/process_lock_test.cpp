@@ -1,0 +1,63 @@
+#include "platform/process_lock.h"
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <fstream>
+
+#include "tests/support/temp_folder.h"
+
+namespace tallyo {
+namespace {
+
+using Outcome = ProcessLock::Outcome;
+
+TEST(ProcessLock, IsHeldByOneAtATime) {
+  const test::TempFolder folder;
+  const auto appDir = folder.Path() / "home" / "tallyo";
+  {
+    const ProcessLock first(appDir);
+    EXPECT_EQ(first.Result(), Outcome::Taken);
+    EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::HeldByAnother);
+    EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Taken);  // another AppDir
+  }
+  EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::Taken);
+  EXPECT_TRUE(std::filesystem::exists(appDir / "Data" / ".lock"));
+}
+
+TEST(ProcessLock, GoesWithAKilledProcess) {
+  const test::TempFolder folder;
+  int ready[2];
+  ASSERT_EQ(::pipe(ready), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const ProcessLock lock(folder.Path());
+    const char taken = lock.Result() == Outcome::Taken ? 'y' : 'n';
+    static_cast<void>(!::write(ready[1], &taken, 1));
+    for (;;) {
+      ::pause();
+    }
+  }
+  char taken = 0;
+  EXPECT_EQ(::read(ready[0], &taken, 1), 1);
+  EXPECT_EQ(taken, 'y');
+  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::HeldByAnother);
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Taken);
+  ::close(ready[0]);
+  ::close(ready[1]);
+}
+
+TEST(ProcessLock, IsUnavailableWhereItsFileCannotBeMade) {
+  const test::TempFolder folder;
+  std::ofstream(folder.Path() / "file") << "x";
+  EXPECT_EQ(ProcessLock(folder.Path() / "file").Result(), Outcome::Unavailable);
+  std::filesystem::create_directories(folder.Path() / "Data" / ".lock");
+  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Unavailable);
+}
+
+}  // namespace
+}  // namespace tallyo

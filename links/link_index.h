@@ -1,0 +1,67 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "links/link_record.h"
+
+namespace tallyo {
+
+// What a lookup compares with its key.
+enum class FindBy { FriendlyName = 1, Reference = 2, First = 0 };
+
+struct LinkLookup {
+  bool found = false;
+  std::string
+      number;  // the record's number, "01"; where none was found, the number behind the last
+};
+
+// Answers lookups in a list of records without walking through it, with exactly what a walk from
+// record 01 upward would give: the walk fills the caller's fields record by record, a field that a
+// record does not fill keeps what it held, the key is compared with the fields after each record,
+// and a record that is too long ends the walk with an error.
+class LinkIndex {
+ public:
+  LinkIndex() = default;
+
+  // Record i + 1 is texts[i].
+  explicit LinkIndex(std::vector<std::string> texts);
+
+  // The index points into its own texts, which a move takes along and a copy would not.
+  LinkIndex(LinkIndex&&) = default;
+  LinkIndex& operator=(LinkIndex&&) = default;
+  LinkIndex(const LinkIndex&) = delete;
+  LinkIndex& operator=(const LinkIndex&) = delete;
+  ~LinkIndex() = default;
+
+  [[nodiscard]] const std::vector<std::string>& Texts() const { return texts_; }
+
+  // The caller's fields are left as the walk leaves them. Throws RuntimeError where the walk meets
+  // a record that is too long.
+  LinkLookup Find(LinkFields& fields, std::string_view key, FindBy by) const;
+
+ private:
+  static constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+
+  // Of one field: what the walk holds after each record, and who brought a value first.
+  struct Column {
+    std::vector<std::string_view> values;  // by record: the last value filled up to it
+    std::unordered_map<std::string_view, std::size_t> firstWith;
+    std::size_t firstFilled = kNone;
+  };
+
+  void Add(const LinkRecord& record);
+  void Fill(LinkFields& fields, std::size_t record) const;
+  [[nodiscard]] std::size_t Match(const LinkFields& fields, std::string_view key, FindBy by) const;
+
+  std::vector<std::string> texts_;
+  std::size_t readable_ = 0;  // records before the one that is too long, or all
+  bool endsTooLong_ = false;
+  std::array<Column, 4> columns_;
+};
+
+}  // namespace tallyo

@@ -1,0 +1,91 @@
+#include "stats/snapshot.h"
+
+#include <optional>
+#include <utility>
+
+#include "settings/names.h"
+#include "stats/snapshot_line.h"
+#include "text/integers.h"
+#include "text/leading_number.h"
+#include "text/lines.h"
+#include "text/runtime_error.h"
+
+namespace tallyo {
+
+void Snapshot::SaveSnapshot() {
+  std::string line;
+  for (int row = 1; row <= form_.ListView1.RowCount(); ++row) {
+    line += form_.ListView1.RowText(row);
+    line += '=';
+    line += form_.ListView1.Value(row, 1);
+    line += ',';
+  }
+  files_.Replace(File(), line + "\r\n", state_.DataFolder() / "LastRead.tmp");
+}
+
+void Snapshot::LoadSnapshot() {
+  if (form_.Combo1.Count() == 0) {
+    return;
+  }
+  try {
+    Load();
+  } catch (const RuntimeError&) {
+    return;
+  }
+}
+
+void Snapshot::Load() {
+  const std::string content = files_.Read(File());
+  SnapshotLine line(FirstLine(content));
+  LinkFields fields;
+  int row = 1;
+  while (const std::optional<SnapshotEntry> entry = line.Next()) {
+    links_.FindMonitoredLink(fields, entry->name, FindBy::FriendlyName);
+    form_.ListView1.SetRowText(row, std::string(entry->name));
+    form_.ListView1.SetValue(row, 1, std::to_string(entry->counter));
+    form_.ListView1.SetValue(row, 3, fields[linkfield::kLinkPath]);
+    ++row;
+  }
+}
+
+void Snapshot::ApplySnapshot(const WrittenLinks& written) {
+  try {
+    if (files_.Exists(File())) {
+      Apply(settings_.IsOn(names::kCountOnce, countOnce_) ? written : WrittenLinks());
+    }
+  } catch (const RuntimeError&) {
+    return;
+  }
+}
+
+void Snapshot::Apply(const WrittenLinks& passedOver) {
+  const std::string content = files_.Read(File());
+  SnapshotLine line(FirstLine(content));
+  do {
+    const std::optional<SnapshotEntry> entry = line.Next();
+    if (!entry) {
+      return;
+    }
+    const std::string name(entry->name);
+    if (!passedOver.contains(name)) {
+      Settle(name, entry->counter);
+    }
+  } while (!line.UsedUp());
+  files_.Delete(File());
+}
+
+// Measures the first row of a name that has not fallen below its counter of the last session.
+void Snapshot::Settle(const std::string& name, std::int16_t value) {
+  for (const int row : form_.ListView1.RowsNamed(name)) {
+    const double counter = StrictNumber(form_.ListView1.Value(row, 1));
+    if (counter > value) {
+      dailyFiles_.WriteDailyCount(ToInt16(counter - value), name);
+      return;
+    }
+    if (counter == value) {
+      return;
+    }
+  }
+}
+
+}  // namespace tallyo

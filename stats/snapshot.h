@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+
+#include "form/main_form.h"
+#include "form/shared_state.h"
+#include "links/monitored_links.h"
+#include "platform/files.h"
+#include "settings/settings.h"
+#include "stats/daily_files.h"
+
+namespace tallyo {
+
+// The friendly names of the links whose growth a refresh has written to the daily files itself.
+using WrittenLinks = std::unordered_set<std::string>;
+
+// The last counters seen, kept between two sessions in Data/LastRead.dat: one line of
+// "name=counter," for each row of the current status, in order.
+class Snapshot {
+ public:
+  // countOnce is what the setting "CountOnce" means where it is absent.
+  Snapshot(MainForm& form, const SharedState& state, Settings& settings, Files& files,
+           MonitoredLinks& links, DailyFiles& dailyFiles, bool countOnce)
+      : form_(form),
+        state_(state),
+        settings_(settings),
+        files_(files),
+        links_(links),
+        dailyFiles_(dailyFiles),
+        countOnce_(countOnce) {}
+
+  // Throws RuntimeError where the file cannot be written; it is then as it was.
+  void SaveSnapshot();
+
+  // Puts the counters into the rows by position, the i-th entry into the i-th row. Ends silently at
+  // its first error, a missing file included; what it did until then stays.
+  void LoadSnapshot();
+
+  // Writes what has been counted since the snapshot to the daily files, then deletes it. Ends
+  // silently at its first error and then keeps the file, so that the next refresh tries again.
+  // Where the setting "CountOnce" is on, the links in `written` are passed over.
+  void ApplySnapshot(const WrittenLinks& written);
+
+ private:
+  [[nodiscard]] std::filesystem::path File() const { return state_.DataFolder() / "LastRead.dat"; }
+  void Load();
+  void Apply(const WrittenLinks& passedOver);
+  void Settle(const std::string& name, std::int16_t value);
+
+  MainForm& form_;
+  const SharedState& state_;
+  Settings& settings_;
+  Files& files_;
+  MonitoredLinks& links_;
+  DailyFiles& dailyFiles_;
+  bool countOnce_;
+};
+
+}  // namespace tallyo

@@ -1,0 +1,59 @@
+#include "ui/menus.h"
+
+#include <string>
+
+namespace tallyo {
+
+Menus::Menus(const Targets& targets) : to_(targets) {
+  ConnectFile();
+  ConnectOptions();
+  ConnectWindow();
+}
+
+void Menus::ConnectFile() {
+  MainForm& form = to_.form;
+  form.mnuFile.OnClick = [this] { OfferFileItems(); };
+  form.mnuSave.OnClick = [this] { to_.account.SaveAccount(); };
+  form.mnuPrefs.OnClick = [this] { to_.screens.ShowScreen(screen::kPreferences); };
+  form.mnuQuit.OnClick = [this] { to_.quit(); };
+}
+
+void Menus::ConnectOptions() {
+  MainForm& form = to_.form;
+  form.mnuManage.OnClick = [this] { to_.manageLinks.Open(); };
+  form.mnuViewStats.OnClick = [this] { to_.refresh.RefreshStatistics(); };
+  form.mnuSignup.OnClick = [this] { ShowWebPage("signupinfo.html"); };
+  form.mnuUpgrade.OnClick = [this] { ShowWebPage("upgradeinfo.html"); };
+  form.mnuSupport.OnClick = [this] { ShowWebPage("support.html"); };
+}
+
+void Menus::ConnectWindow() {
+  MainForm& form = to_.form;
+  form.mnuWindDaily.OnClick = [this] { to_.dailyStatus.Open(); };
+  form.mnuWindCurrent.OnClick = [this] { to_.screens.ShowScreen(screen::kCurrentStatus); };
+  form.mnuScrnImport.OnClick = [this] { to_.screens.ShowScreen(screen::kImportLinks); };
+  form.mnuServiceInfo.OnClick = [this] { to_.serviceInfo.ShowServiceInfo(); };
+  form.mnuAbout.OnClick = [this] {
+    to_.screens.ShowScreen(screen::kWebPage);
+    to_.form.WB1.Navigate((to_.state.AppDir / "intro.sht").string());
+  };
+}
+
+// Once links are monitored, neither the account nor the configuration can be changed under them.
+// Importing is not offered again by opening the menu.
+void Menus::OfferFileItems() {
+  MainForm& form = to_.form;
+  form.mnuSave.SetEnabled(!form.Text1[field::kCompany].Text().empty() &&
+                          !form.Text1[field::kAccount].Text().empty());
+  if (form.Combo1.Count() > 0) {
+    form.mnuSave.SetEnabled(false);
+    form.mnuImportAll.SetEnabled(false);
+  }
+}
+
+void Menus::ShowWebPage(const std::string& page) {
+  to_.screens.ShowScreen(screen::kWebPage);
+  to_.form.WB1.Navigate(to_.requests.DocumentAddress(page));
+}
+
+}  // namespace tallyo

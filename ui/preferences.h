@@ -1,0 +1,34 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "form/main_form.h"
+#include "form/shared_state.h"
+#include "settings/settings.h"
+
+namespace tallyo {
+
+// The preferences screen: every change is stored at once.
+class Preferences {
+ public:
+  // Connects itself to the screen's controls, which must outlive it.
+  Preferences(MainForm& form, const SharedState& state, Settings& settings);
+
+  // Puts the stored preferences into the controls.
+  void Restore();
+
+ private:
+  void CheckClicked(std::size_t index);
+  void StoreAutoload();
+  void RestoreStartPosition();
+  void ShowInAllScreens(std::size_t index, Label& caption, Label& figure, std::string_view name);
+  void IntervalLeft();
+  void DefaultUrlLeft();
+
+  MainForm& form_;
+  const SharedState& state_;
+  Settings& settings_;
+};
+
+}  // namespace tallyo

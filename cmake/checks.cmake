@@ -1,19 +1,31 @@
-# Targets `format` (rewrites), `format-check` and `lint`; CI calls the last two.
-file(GLOB_RECURSE tallyo_code CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-     text/*.h text/*.cpp form/*.h form/*.cpp platform/*.h platform/*.cpp settings/*.h settings/*.cpp
-     links/*.h links/*.cpp account/*.h account/*.cpp stats/*.h stats/*.cpp ui/*.h ui/*.cpp
-     app/*.h app/*.cpp cli/*.h cli/*.cpp service/*.h service/*.cpp tests/*.h tests/*.cpp
-     bench/*.h bench/*.cpp)
-find_program(CLANG_FORMAT clang-format)
-find_program(RUN_CLANG_TIDY run-clang-tidy)
-if(CLANG_FORMAT AND tallyo_code)
-  add_custom_target(format COMMAND ${CLANG_FORMAT} -i ${tallyo_code}
-                    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
-  add_custom_target(format-check COMMAND ${CLANG_FORMAT} --dry-run --Werror ${tallyo_code}
-                    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
-endif()
-if(RUN_CLANG_TIDY)
-  add_custom_target(lint COMMAND ${RUN_CLANG_TIDY} -quiet -p "${CMAKE_BINARY_DIR}"
-                    "^${PROJECT_SOURCE_DIR}/(text|form|platform|settings|links|account|stats|ui|app|cli|service)/"
-                    WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}" VERBATIM)
-endif()
+# Targets `format` (rewrites the code), and `format-check`, `lint` and `shell-check`, which CI
+# calls. Where the tool of a target is missing, the target says so and fails.
+set(tallyo_rooms text form platform settings links account stats ui app cli service)
+set(patterns)
+foreach(folder ${tallyo_rooms} tests bench)
+  list(APPEND patterns "${folder}/*.h" "${folder}/*.cpp")
+endforeach()
+file(GLOB_RECURSE tallyo_code CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" ${patterns})
+file(GLOB tallyo_scripts CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
+     run test .ci/run scripts/* tests/layers/*)
+list(FILTER tallyo_scripts EXCLUDE REGEX "/packages$|\\.txt$")
+
+# tallyo_check(NAME TOOL ARGUMENT...)
+function(tallyo_check name tool)
+  string(MAKE_C_IDENTIFIER "TALLYO_${tool}" program)
+  find_program(${program} ${tool})
+  if(${program})
+    set(command "${${program}}" ${ARGN})
+  else()
+    set(command "${CMAKE_COMMAND}" -E echo "${tool} is missing: scripts/install-packages check"
+        COMMAND "${CMAKE_COMMAND}" -E false)
+  endif()
+  add_custom_target(${name} COMMAND ${command} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}"
+                    USES_TERMINAL VERBATIM)
+endfunction()
+
+list(JOIN tallyo_rooms "|" rooms)
+tallyo_check(format clang-format -i ${tallyo_code})
+tallyo_check(format-check clang-format --dry-run --Werror ${tallyo_code})
+tallyo_check(lint run-clang-tidy -quiet -p "${CMAKE_BINARY_DIR}" "^${PROJECT_SOURCE_DIR}/(${rooms})/")
+tallyo_check(shell-check shellcheck ${tallyo_scripts})

@@ -24,6 +24,9 @@ void SavedData::ConfirmMisconfigurationReset(Confirm confirm) {
   form_.Combo2.Clear();
   state_.LastCheckTime = 0;
   state_.NextLinkIndex = 0;
+  if (OnReset) {
+    OnReset();
+  }
 }
 
 void SavedData::ResetSavedData(int count) {

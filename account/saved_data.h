@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "form/main_form.h"
 #include "form/shared_state.h"
 #include "platform/files.h"
@@ -17,6 +19,9 @@ class SavedData {
   SavedData(MainForm& form, SharedState& state, SettingsStore& store, Files& files,
             MessageBoxes& boxes)
       : form_(form), state_(state), store_(store), files_(files), boxes_(boxes) {}
+
+  // Told of every reset of the lists, after it.
+  std::function<void()> OnReset;
 
   // Asks first, where it shall; on any answer but Yes nothing happens. Then resets the saved data
   // of all listed links and empties the lists.

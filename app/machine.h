@@ -5,6 +5,7 @@
 #include "platform/files.h"
 #include "platform/http_transfer.h"
 #include "platform/message_boxes.h"
+#include "platform/shell.h"
 #include "settings/settings_store.h"
 
 namespace tallyo {
@@ -17,6 +18,7 @@ struct Machine {
   SettingsStore& store;
   EventPump& pump;
   MessageBoxes& boxes;
+  Shell& shell;
 };
 
 }  // namespace tallyo

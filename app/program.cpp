@@ -40,6 +40,9 @@ Program::Program(const ProgramOptions& options, const Machine& machine)
       verification(form, state, settings, requests, traffic, machine.clock, machine.boxes),
       account(form, settings, verification, machine.boxes),
       savedData(form, state, machine.store, machine.files, machine.boxes),
+      configurationExport(form, state, links, machine.files, machine.boxes),
+      configurationImport(form, state, settings, machine.files, machine.boxes, requests, links,
+                          savedData),
       registration(form, requests, traffic, links, machine.boxes),
       snapshot(form, state, settings, machine.files, links, dailyFiles, options.countOnce),
       refresh(form, state, machine.clock, requests, traffic, account, verification, links,
@@ -50,8 +53,11 @@ Program::Program(const ProgramOptions& options, const Machine& machine)
       preferences(form, state, settings),
       dailyStatus(form, screens, dailyFiles, machine.clock),
       serviceInfo(form, state, settings, machine.clock, screens, verification),
+      importQueue(form, screens),
+      pageImport(form, requests, traffic, screens, importQueue),
       manageLinks(form, state, machine.pump, machine.boxes, requests, screens, account,
-                  verification, links, registration),
+                  verification, links, registration, pageImport, importQueue),
+      textScreen(form, machine.clock, requests, screens, configurationExport),
       menus({.form = form,
              .state = state,
              .requests = requests,
@@ -60,8 +66,12 @@ Program::Program(const ProgramOptions& options, const Machine& machine)
              .manageLinks = manageLinks,
              .refresh = refresh,
              .dailyStatus = dailyStatus,
+             .textScreen = textScreen,
+             .configurationImport = configurationImport,
+             .shell = machine.shell,
              .serviceInfo = serviceInfo,
              .quit = [this] { Quit(); }}) {
+  savedData.OnReset = [this] { importQueue.End(); };
   form.Timer1.OnTimer = [this] { scheduler.OnTimerTick(); };
 }
 
@@ -133,6 +143,7 @@ void Program::Quit() {
     return;
   }
   machine_.pump.End();  // first, so that nothing that runs below can quit again
+  importQueue.End();
   requests.CancelTransfers();
   if (countersLoaded_) {
     Survives([&] { snapshot.SaveSnapshot(); });

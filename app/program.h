@@ -4,6 +4,8 @@
 
 #include "account/account_entry.h"
 #include "account/account_verification.h"
+#include "account/configuration_export.h"
+#include "account/configuration_import.h"
 #include "account/saved_data.h"
 #include "app/machine.h"
 #include "app/program_options.h"
@@ -19,11 +21,14 @@
 #include "stats/statistics_refresh.h"
 #include "stats/traffic_totals.h"
 #include "ui/daily_status.h"
+#include "ui/import_queue.h"
 #include "ui/manage_links.h"
 #include "ui/menus.h"
+#include "ui/page_import.h"
 #include "ui/preferences.h"
 #include "ui/screens.h"
 #include "ui/service_info.h"
+#include "ui/text_screen.h"
 
 namespace tallyo {
 
@@ -68,6 +73,8 @@ class Program {
   AccountVerification verification;
   AccountEntry account;
   SavedData savedData;
+  ConfigurationExport configurationExport;
+  ConfigurationImport configurationImport;
   LinkRegistration registration;
   Snapshot snapshot;
   StatisticsRefresh refresh;
@@ -76,7 +83,10 @@ class Program {
   Preferences preferences;
   DailyStatus dailyStatus;
   ServiceInfo serviceInfo;
+  ImportQueue importQueue;
+  PageImport pageImport;
   ManageLinks manageLinks;
+  TextScreen textScreen;
   Menus menus;
 
  private:

@@ -8,6 +8,7 @@
 #include "cli/safe_text.h"
 #include "platform/http_transfer.h"
 #include "platform/transport_failure.h"
+#include "settings/version.h"
 
 namespace tallyo {
 namespace {
@@ -36,7 +37,7 @@ void AddGlobals(CLI::App& app, GlobalWords& words) {
   app.add_option("--answer", words.answer, "Answer every question with yes or no")
       ->check(CLI::IsMember({"yes", "no"}));
   app.add_flag("--json", words.json, "Print results as one JSON document");
-  app.set_version_flag("--version", "tallyo-cli " TALLYO_VERSION);
+  app.set_version_flag("--version", "tallyo-cli " + Version());
 }
 
 // The base address ends with a slash, so that paths are appended without one.

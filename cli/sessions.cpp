@@ -6,6 +6,7 @@
 #include "platform/curl_transfer.h"
 #include "platform/process_lock.h"
 #include "platform/transport_failure.h"
+#include "settings/version.h"
 
 namespace tallyo {
 namespace {
@@ -17,6 +18,12 @@ class NoTransfer final : public HttpTransfer {
     throw TransportFailure(TransportFailure::Reason::Failed, "this command fetches nothing");
   }
   void Cancel() override {}
+};
+
+// A terminal has no documents to open.
+class NoShell final : public Shell {
+ public:
+  void Open(const std::filesystem::path& /*document*/) override {}
 };
 
 ProgramOptions OptionsOf(const Console& console) {
@@ -59,15 +66,17 @@ ExitStatus RunLasting(Console& console,
   SqliteStore store(StoreFile(console.options.appDir), StoreAccess::ReadWrite);
   SayProblem(console, store, lock.Result());
   PosixFiles files;
-  CurlTransfer transfer("Tallyo/" TALLYO_VERSION);
+  CurlTransfer transfer("Tallyo/" + Version());
   SignalPump pump;
   TerminalBoxes boxes(console, pump);
+  NoShell shell;
   Program program(OptionsOf(console), {.clock = console.clock,
                                        .files = files,
                                        .transfer = transfer,
                                        .store = store,
                                        .pump = pump,
-                                       .boxes = boxes});
+                                       .boxes = boxes,
+                                       .shell = shell});
   pump.OnSignal([&] { program.Quit(); });
   ExitStatus status = ExitStatus::Done;
   program.Dispatch([&] { program.StartProgram(); });
@@ -90,12 +99,14 @@ ExitStatus RunReading(Console& console, const std::function<ExitStatus(Program&)
   NoTransfer transfer;
   SignalPump pump;
   TerminalBoxes boxes(console, pump);
+  NoShell shell;
   Program program(OptionsOf(console), {.clock = console.clock,
                                        .files = files,
                                        .transfer = transfer,
                                        .store = store,
                                        .pump = pump,
-                                       .boxes = boxes});
+                                       .boxes = boxes,
+                                       .shell = shell});
   program.LoadForReading();
   return work(program);
 }

@@ -12,14 +12,10 @@ namespace {
 
 constexpr const char* kGap = "  ";
 
-// The last column is not padded, so that no line ends in blanks.
-std::string Padded(const std::string& text, std::size_t width, Align align, bool last) {
+std::string Padded(const std::string& text, std::size_t width, Align align) {
   const std::size_t used = Columns(text);
   const std::string pad(width > used ? width - used : 0, ' ');
-  if (align == Align::Right) {
-    return pad + text;
-  }
-  return last ? text : text + pad;
+  return align == Align::Right ? pad + text : text + pad;
 }
 
 }  // namespace
@@ -50,11 +46,12 @@ void Table::PrintText(std::ostream& out) const {
     }
   }
   for (const auto& line : lines) {
+    std::string text;
     for (std::size_t c = 0; c < widths.size(); ++c) {
-      const bool last = c + 1 == widths.size();
-      out << (c == 0 ? "" : kGap) << Padded(line[c], widths[c], columns_[c].align, last);
+      text += (c == 0 ? "" : kGap) + Padded(line[c], widths[c], columns_[c].align);
     }
-    out << '\n';
+    text.erase(text.find_last_not_of(' ') + 1);
+    out << text << '\n';
   }
 }
 

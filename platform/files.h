@@ -18,10 +18,15 @@ class Files {
   // Makes one folder, its parent being there. An existing folder is no failure.
   virtual void MakeFolder(const std::filesystem::path& folder) = 0;
 
+  // Whether a regular file stands there.
   [[nodiscard]] virtual bool Exists(const std::filesystem::path& file) const = 0;
 
-  // The whole file.
-  [[nodiscard]] virtual std::string Read(const std::filesystem::path& file) const = 0;
+  // The whole file. A longer one than maxBytes is a failure.
+  [[nodiscard]] virtual std::string Read(const std::filesystem::path& file,
+                                         std::size_t maxBytes) const = 0;
+  [[nodiscard]] std::string Read(const std::filesystem::path& file) const {
+    return Read(file, std::size_t{1} << 30U);
+  }
 
   // Writes the whole content to the work file (in the same file system), flushes it to disk, and
   // renames it over the file: whenever the program is killed, the file is its old or its new self.

@@ -18,7 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr off_t kLargestFileBytes = off_t{1} << 30;
 constexpr mode_t kFileMode = 0644;
 constexpr mode_t kFolderMode = 0755;
 
@@ -53,9 +52,6 @@ void RequireRegularFile(const char* action, const fs::path& file,
   }
   if (!S_ISREG(status.st_mode)) {
     Fail(action, file, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-  }
-  if (status.st_size > kLargestFileBytes) {
-    Fail(action, file, EFBIG);
   }
 }
 
@@ -108,7 +104,7 @@ bool PosixFiles::Exists(const fs::path& file) const {
   return CanNameFile(file) && fs::is_regular_file(file, ignored);
 }
 
-std::string PosixFiles::Read(const fs::path& file) const {
+std::string PosixFiles::Read(const fs::path& file, std::size_t maxBytes) const {
   const char* const action = "could not read";
   RequireFileName(action, file);
   const FileDescriptor descriptor(Open(file, O_RDONLY));
@@ -125,6 +121,9 @@ std::string PosixFiles::Read(const fs::path& file) const {
     }
     if (count > 0) {
       content.append(buffer.data(), static_cast<std::size_t>(count));
+      if (content.size() > maxBytes) {
+        Fail(action, file, EFBIG);
+      }
     }
   }
 }

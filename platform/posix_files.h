@@ -17,8 +17,10 @@ class PosixFiles final : public Files {
   // Whether a regular file stands there; a folder is none.
   [[nodiscard]] bool Exists(const std::filesystem::path& file) const override;
 
-  // Fails for what is no regular file, and for a file over 1 GiB.
-  [[nodiscard]] std::string Read(const std::filesystem::path& file) const override;
+  // Fails for what is no regular file, too.
+  using Files::Read;
+  [[nodiscard]] std::string Read(const std::filesystem::path& file,
+                                 std::size_t maxBytes) const override;
 
   // New files are made with mode 0644, less the umask of the process.
   void Replace(const std::filesystem::path& file, std::string_view content,

@@ -30,7 +30,7 @@ class Hourglass {
 ManageLinks::ManageLinks(MainForm& form, SharedState& state, EventPump& pump, MessageBoxes& boxes,
                          const ServiceRequests& requests, Screens& screens, AccountEntry& account,
                          AccountVerification& verification, MonitoredLinks& links,
-                         LinkRegistration& registration)
+                         LinkRegistration& registration, PageImport& pageImport, ImportQueue& queue)
     : form_(form),
       state_(state),
       pump_(pump),
@@ -40,7 +40,9 @@ ManageLinks::ManageLinks(MainForm& form, SharedState& state, EventPump& pump, Me
       account_(account),
       verification_(verification),
       links_(links),
-      registration_(registration) {
+      registration_(registration),
+      pageImport_(pageImport),
+      queue_(queue) {
   ConnectFields();
   ConnectActions();
 }
@@ -165,8 +167,12 @@ void ManageLinks::PendingActionChanged() {
     if (verification_.VerifyAccount() && LeadingNumber(form_.Label4[0].Caption()) != 0) {
       form_.Command1[1].SetEnabled(true);
     }
-  } else if (pending == "REMOVE" && verification_.VerifyAccount()) {
-    form_.Command1[1].SetEnabled(true);
+  } else if (pending == "REMOVE") {
+    if (verification_.VerifyAccount()) {
+      form_.Command1[1].SetEnabled(true);
+    }
+  } else if (pending == "IMPORT") {
+    pageImport_.ImportLinksFromPage();
   }
 }
 
@@ -203,6 +209,12 @@ void ManageLinks::SubmitAdd() {
   lastAnswer_ = registration_.RegisterLinkOnService();
   boxes_.Show({.text = "Operation succesful - " + name + " Added", .title = ""});
   form_.mnuExportAll.SetEnabled(true);
+  const bool known = lastAnswer_ == RegistrationAnswer::Done ||
+                     lastAnswer_ == RegistrationAnswer::EntryExists ||
+                     lastAnswer_ == RegistrationAnswer::LinkExists;
+  if (known && !name.empty()) {
+    queue_.SubmitDone();
+  }
 }
 
 void ManageLinks::SubmitRemove() {
@@ -210,6 +222,9 @@ void ManageLinks::SubmitRemove() {
   lastAnswer_ = registration_.UnregisterLinkOnService();
   boxes_.Show({.text = "Operation succesful - " + name + " Deleted", .title = ""});
   form_.Combo1.SetText("");
+  if (!name.empty()) {
+    queue_.SubmitDone();
+  }
 }
 
 }  // namespace tallyo

@@ -11,6 +11,8 @@
 #include "platform/event_pump.h"
 #include "platform/message_boxes.h"
 #include "stats/service_requests.h"
+#include "ui/import_queue.h"
+#include "ui/page_import.h"
 #include "ui/screens.h"
 
 namespace tallyo {
@@ -22,7 +24,7 @@ class ManageLinks {
   ManageLinks(MainForm& form, SharedState& state, EventPump& pump, MessageBoxes& boxes,
               const ServiceRequests& requests, Screens& screens, AccountEntry& account,
               AccountVerification& verification, MonitoredLinks& links,
-              LinkRegistration& registration);
+              LinkRegistration& registration, PageImport& pageImport, ImportQueue& queue);
 
   void Open();
 
@@ -55,6 +57,8 @@ class ManageLinks {
   AccountVerification& verification_;
   MonitoredLinks& links_;
   LinkRegistration& registration_;
+  PageImport& pageImport_;
+  ImportQueue& queue_;
   RegistrationAnswer lastAnswer_ = RegistrationAnswer::NoAnswer;
 };
 

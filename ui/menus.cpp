@@ -8,12 +8,15 @@ Menus::Menus(const Targets& targets) : to_(targets) {
   ConnectFile();
   ConnectOptions();
   ConnectWindow();
+  ConnectHelp();
 }
 
 void Menus::ConnectFile() {
   MainForm& form = to_.form;
   form.mnuFile.OnClick = [this] { OfferFileItems(); };
   form.mnuSave.OnClick = [this] { to_.account.SaveAccount(); };
+  form.mnuExportAll.OnClick = [this] { to_.textScreen.ExportConfiguration(); };
+  form.mnuImportAll.OnClick = [this] { to_.configurationImport.ImportConfiguration(); };
   form.mnuPrefs.OnClick = [this] { to_.screens.ShowScreen(screen::kPreferences); };
   form.mnuQuit.OnClick = [this] { to_.quit(); };
 }
@@ -22,9 +25,10 @@ void Menus::ConnectOptions() {
   MainForm& form = to_.form;
   form.mnuManage.OnClick = [this] { to_.manageLinks.Open(); };
   form.mnuViewStats.OnClick = [this] { to_.refresh.RefreshStatistics(); };
-  form.mnuSignup.OnClick = [this] { ShowWebPage("signupinfo.html"); };
-  form.mnuUpgrade.OnClick = [this] { ShowWebPage("upgradeinfo.html"); };
-  form.mnuSupport.OnClick = [this] { ShowWebPage("support.html"); };
+  form.mnuMakeLink.OnClick = [this] { to_.textScreen.MakeCountingLink(); };
+  form.mnuExport.OnClick = [this] { to_.textScreen.ExportStatsText(); };
+  form.mnuSignup.OnClick = [this] { ShowServicePage("signupinfo.html"); };
+  form.mnuUpgrade.OnClick = [this] { ShowServicePage("upgradeinfo.html"); };
 }
 
 void Menus::ConnectWindow() {
@@ -33,10 +37,13 @@ void Menus::ConnectWindow() {
   form.mnuWindCurrent.OnClick = [this] { to_.screens.ShowScreen(screen::kCurrentStatus); };
   form.mnuScrnImport.OnClick = [this] { to_.screens.ShowScreen(screen::kImportLinks); };
   form.mnuServiceInfo.OnClick = [this] { to_.serviceInfo.ShowServiceInfo(); };
-  form.mnuAbout.OnClick = [this] {
-    to_.screens.ShowScreen(screen::kWebPage);
-    to_.form.WB1.Navigate((to_.state.AppDir / "intro.sht").string());
-  };
+}
+
+void Menus::ConnectHelp() {
+  MainForm& form = to_.form;
+  form.mnuHelpDoc.OnClick = [this] { to_.shell.Open(to_.state.AppDir / "tlyo.pdf"); };
+  form.mnuSupport.OnClick = [this] { ShowServicePage("support.html"); };
+  form.mnuAbout.OnClick = [this] { ShowWebPage((to_.state.AppDir / "intro.sht").string()); };
 }
 
 // Once links are monitored, neither the account nor the configuration can be changed under them.
@@ -51,9 +58,13 @@ void Menus::OfferFileItems() {
   }
 }
 
-void Menus::ShowWebPage(const std::string& page) {
+void Menus::ShowWebPage(const std::string& address) {
   to_.screens.ShowScreen(screen::kWebPage);
-  to_.form.WB1.Navigate(to_.requests.DocumentAddress(page));
+  to_.form.WB1.Navigate(address);
+}
+
+void Menus::ShowServicePage(const std::string& page) {
+  ShowWebPage(to_.requests.DocumentAddress(page));
 }
 
 }  // namespace tallyo

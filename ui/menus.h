@@ -1,17 +1,20 @@
 #pragma once
 
 #include <functional>
-#include <string_view>
+#include <string>
 
 #include "account/account_entry.h"
+#include "account/configuration_import.h"
 #include "form/main_form.h"
 #include "form/shared_state.h"
+#include "platform/shell.h"
 #include "stats/service_requests.h"
 #include "stats/statistics_refresh.h"
 #include "ui/daily_status.h"
 #include "ui/manage_links.h"
 #include "ui/screens.h"
 #include "ui/service_info.h"
+#include "ui/text_screen.h"
 
 namespace tallyo {
 
@@ -27,6 +30,9 @@ class Menus {
     ManageLinks& manageLinks;
     StatisticsRefresh& refresh;
     DailyStatus& dailyStatus;
+    TextScreen& textScreen;
+    ConfigurationImport& configurationImport;
+    Shell& shell;
     ServiceInfo& serviceInfo;
     std::function<void()> quit;
   };
@@ -38,8 +44,10 @@ class Menus {
   void ConnectFile();
   void ConnectOptions();
   void ConnectWindow();
+  void ConnectHelp();
   void OfferFileItems();
   void ShowWebPage(const std::string& address);
+  void ShowServicePage(const std::string& page);
 
   Targets to_;
 };

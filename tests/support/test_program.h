@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/program.h"
 #include "platform/curl_transfer.h"
@@ -59,6 +60,10 @@ class TestProgram {
   [[nodiscard]] Program& P() { return session_->program; }
   [[nodiscard]] MainForm& Form() { return P().form; }
   [[nodiscard]] ScriptedBoxes& Boxes() { return session_->boxes; }
+  // The documents that were opened.
+  [[nodiscard]] const std::vector<std::filesystem::path>& Opened() {
+    return session_->shell.opened;
+  }
   [[nodiscard]] SqliteStore& Store() { return session_->store; }
 
   [[nodiscard]] std::string Setting(std::string_view name) {
@@ -107,6 +112,11 @@ class TestProgram {
   }
 
  private:
+  struct RecordingShell final : Shell {
+    void Open(const std::filesystem::path& document) override { opened.push_back(document); }
+    std::vector<std::filesystem::path> opened;
+  };
+
   struct Session {
     explicit Session(TestProgram& test)
         : store(test.folder.Path() / "settings.db", StoreAccess::ReadWrite),
@@ -126,13 +136,15 @@ class TestProgram {
                    .transfer = transfer,
                    .store = store,
                    .pump = pump,
-                   .boxes = boxes}) {}
+                   .boxes = boxes,
+                   .shell = shell}) {}
 
     PosixFiles files;
     SqliteStore store;
     CurlTransfer transfer;
     TestPump pump;
     ScriptedBoxes boxes;
+    RecordingShell shell;
     Program program;
   };
 

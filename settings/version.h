@@ -1,0 +1,10 @@
+#pragma once
+
+#include <string>
+
+namespace tallyo {
+
+[[nodiscard]] std::string Version();       // "1.1.0"
+[[nodiscard]] std::string ShortVersion();  // "1.1": major and minor version
+
+}  // namespace tallyo

@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tallyo {
@@ -39,7 +40,7 @@ class ExportFileReader {
     std::function<void(const std::string& hours)> showInterval;   // told every "upd" and "dfu"
   };
 
-  explicit ExportFileReader(const Answers& answers) : answers_(answers) {}
+  explicit ExportFileReader(Answers answers) : answers_(std::move(answers)) {}
 
   // Throws LoadRefused with "Wrong Account" or "Load aborted by user", and RuntimeError for a text
   // that is no export file: a header line without "=", an end after a link's first line, NUL bytes,

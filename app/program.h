@@ -38,6 +38,7 @@ namespace tallyo {
 class Program {
  public:
   Program(const ProgramOptions& options, const Machine& machine);
+  ~Program() = default;
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
 

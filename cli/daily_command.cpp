@@ -1,96 +1,98 @@
 #include "cli/daily_command.h"
 
-#include <iomanip>
 #include <ostream>
+#include <vector>
 
-#include "cli/json_output.h"
-#include "cli/safe_text.h"
+#include "cli/csv.h"
+#include "cli/month_grid.h"
 #include "cli/sessions.h"
-#include "text/leading_number.h"
+#include "text/dates.h"
+#include "text/decimal_text.h"
 #include "text/two_digits.h"
 
 namespace tallyo {
 namespace {
 
-constexpr int kHours = 24;
-
-int DayCount(const ReportList& grid) { return static_cast<int>(grid.Headings().size()) - 1; }
-
-void PrintJson(std::ostream& out, const ReportList& grid) {
-  Json cells = Json::array();
-  for (int row = 1; row <= kHours; ++row) {
-    Json hour = Json::array();
-    for (int day = 1; day <= DayCount(grid); ++day) {
-      hour.push_back(grid.Value(row, day));
-    }
-    cells.push_back(std::move(hour));
-  }
-  PrintDocument(out, {{"heading", JsonText(grid.Headings().front().text)},
-                      {"days", DayCount(grid)},
-                      {"cells", std::move(cells)}});
+// Fills the window's grid with a link's month.
+const ReportList& ShowMonth(Program& program, const std::string& month, const std::string& name) {
+  program.form.Combo3.SetText(month);
+  program.dailyStatus.ShowMonth();
+  program.dailyFiles.LoadDailyFile(month, name);
+  return program.form.ListView2;
 }
 
-// The widest text that a column of the printed grid must hold, its sum included.
-std::size_t CellWidth(const ReportList& grid) {
-  std::size_t width = 2;
-  for (int day = 1; day <= DayCount(grid); ++day) {
-    double sum = 0;
-    for (int row = 1; row <= kHours; ++row) {
-      width = std::max(width, grid.Value(row, day).size());
-      sum += LeadingNumber(grid.Value(row, day));
-    }
-    width = std::max(width, std::to_string(static_cast<long>(sum)).size());
+void PrintCsv(Console& console, const Program& program, const std::string& month,
+              const std::vector<std::string>& names) {
+  const Date today = console.clock.Now().date;
+  int number = 1;
+  while (MonthName(Date{today.year(), std::chrono::month{static_cast<unsigned>(number)},
+                        std::chrono::day{1}}) != month) {
+    ++number;
   }
-  return width;
+  const std::string prefix = YearText(today) + "-" + TwoDigits(number) + "-";
+  PrintCsvRow(console.out, {"name", "date", "hour", "hits"});
+  for (const std::string& name : names) {
+    for (const HourHits& entry : program.dailyFiles.ReadMonth(month, name)) {
+      PrintCsvRow(console.out, {name, prefix + TwoDigits(entry.day), std::to_string(entry.hour),
+                                DecimalText(entry.hits)});
+    }
+  }
 }
 
-void PrintGrid(std::ostream& out, const ReportList& grid, const std::string& name) {
-  const int width = static_cast<int>(CellWidth(grid)) + 1;
-  const int days = DayCount(grid);
-  out << OneLine(name) << ", " << OneLine(grid.Headings().front().text) << "\n\nHour ";
-  for (int day = 1; day <= days; ++day) {
-    out << std::setw(width) << day;
-  }
-  out << '\n';
-  for (int row = 1; row <= kHours; ++row) {
-    out << "  " << TwoDigits(row - 1) << ' ';
-    for (int day = 1; day <= days; ++day) {
-      const std::string& cell = grid.Value(row, day);
-      out << std::setw(width) << (cell.empty() ? "." : cell);
+void PrintAll(const Console& console, Program& program, const std::string& month) {
+  Json document = Json::array();
+  bool first = true;
+  for (const std::string& name : program.form.Combo1.Items()) {
+    const ReportList& grid = ShowMonth(program, month, name);
+    if (console.options.json) {
+      Json object = {{"name", JsonText(name)}};
+      object.update(MonthGridJson(grid));
+      document.push_back(std::move(object));
+    } else {
+      console.out << (first ? "" : "\n");
+      PrintMonthGrid(console.out, grid, name);
     }
-    out << '\n';
+    first = false;
   }
-  out << "Sum  ";
-  double total = 0;
-  for (int day = 1; day <= days; ++day) {
-    double sum = 0;
-    for (int row = 1; row <= kHours; ++row) {
-      sum += LeadingNumber(grid.Value(row, day));
-    }
-    total += sum;
-    out << std::setw(width) << static_cast<long>(sum);
+  if (console.options.json) {
+    PrintDocument(console.out, document);
+  } else if (first) {
+    console.out << "No links are monitored.\n";
   }
-  out << "\n\nMonth: " << static_cast<long>(total) << '\n';
+}
+
+void PrintOne(const Console& console, Program& program, const std::string& month,
+              const std::string& name) {
+  const ReportList& grid = ShowMonth(program, month, name);
+  if (console.options.json) {
+    PrintDocument(console.out, MonthGridJson(grid));
+  } else {
+    PrintMonthGrid(console.out, grid, name);
+  }
+}
+
+// A link that is no longer monitored keeps its history.
+bool IsKnown(const Program& program, const std::string& month, const std::string& name) {
+  const ComboBox& listed = program.form.Combo1;
+  return listed.Find(name) < listed.Count() || program.dailyFiles.HasFile(month, name);
 }
 
 }  // namespace
 
 ExitStatus Daily(Console& console, const DailyChoice& choice) {
   return RunReading(console, [&](Program& program) {
-    MainForm& form = program.form;
     const std::string month =
         choice.month.empty() ? MonthName(console.clock.Now().date) : choice.month;
-    if (form.Combo1.Find(choice.name) == form.Combo1.Count() &&
-        !program.dailyFiles.HasFile(month, choice.name)) {
+    if (!choice.all && !IsKnown(program, month, choice.name)) {
       return Refuse(console, "no link is named " + choice.name);
     }
-    form.Combo3.SetText(month);
-    program.dailyStatus.ShowMonth();
-    program.dailyFiles.LoadDailyFile(month, choice.name);
-    if (console.options.json) {
-      PrintJson(console.out, form.ListView2);
+    if (choice.csv) {
+      PrintCsv(console, program, month,
+               choice.all ? program.form.Combo1.Items() : std::vector{choice.name});
+    } else if (choice.all) {
+      PrintAll(console, program, month);
     } else {
-      PrintGrid(console.out, form.ListView2, choice.name);
+      PrintOne(console, program, month, choice.name);
     }
     return ExitStatus::Done;
   });

@@ -2,12 +2,12 @@
 
 #include <ostream>
 
-#include "cli/refusal_text.h"
+#include "cli/json_output.h"
+#include "cli/safe_text.h"
 #include "cli/sessions.h"
 #include "cli/table.h"
 #include "links/link_record.h"
 #include "links/stored_records.h"
-#include "text/leading_number.h"
 #include "text/two_digits.h"
 
 namespace tallyo {
@@ -34,65 +34,46 @@ void PrintRecords(const Console& console, SettingsStore& store) {
   table.Print(console, "No links are monitored.");
 }
 
-bool HasComma(const std::string& text) { return text.find(',') != std::string::npos; }
-
-// What the window takes without a word and what would then break the list of links.
-std::string WhyNotAddable(const Program& program, const NewLink& link) {
-  if (link.path.empty() || link.name.empty()) {
-    return "path and name must not be empty";
-  }
-  if (HasComma(link.path) || HasComma(link.name) || HasComma(link.sizeKb) ||
-      HasComma(link.reference.value_or(""))) {
-    return "a link's path, name, reference and size must not hold a comma";
-  }
-  const ComboBox& listed = program.form.Combo1;
-  if (listed.Find(link.name) < listed.Count()) {
-    return "a link named " + link.name + " is monitored already";
-  }
-  return "";
-}
-
-void FillFields(Program& program, const NewLink& link) {
-  auto& fields = program.form.Text1;
-  program.screens.ShowScreen(screen::kManageLinks);
-  fields[field::kLinkPath].SetText(link.path);
-  fields[field::kLinkPath].LostFocus();  // proposes the reference
-  if (link.reference) {
-    fields[field::kReference].SetText(*link.reference);
-  }
-  fields[field::kFriendlyName].SetText(link.name);
-  fields[field::kSizeKb].SetText(link.sizeKb);
-}
-
-std::string WhyNotOffered(const Program& program) {
-  if (program.form.Text1[field::kAccount].Text().empty()) {
-    return "no account is set; see 'tallyo-cli account save'";
-  }
-  const std::string refused = WhyAccountRefused(program);
-  return refused.empty() ? "the account has no slots left" : refused;
-}
-
-// Chooses an action label as the pointer does, and submits.
-ExitStatus Submit(Console& console, Program& program, std::size_t actionLabel) {
-  Label& label = program.form.Label2[actionLabel];
-  label.MouseMove();
-  label.Click();
-  const Button& submit = program.form.Command1[1];
-  if (!submit.Enabled()) {
-    return Refuse(console, WhyNotOffered(program));
-  }
-  submit.Click();
-  const std::string why = WhyNotRegistered(program, program.manageLinks.LastAnswer());
-  return why.empty() ? ExitStatus::Done : Refuse(console, why);
-}
-
 // In JSON a change answers with the list that it leaves.
-ExitStatus RunAndList(Console& console, const std::function<ExitStatus(Program&)>& work) {
-  return RunChanging(console, work, [&](Program& program) {
-    if (console.options.json) {
-      PrintRecords(console, program.settings.Store());
+ExitStatus RunAndList(Console& console, const std::function<std::string(Program&)>& work) {
+  return RunChanging(
+      console,
+      [&](Program& program) {
+        const std::string why = work(program);
+        return why.empty() ? ExitStatus::Done : Refuse(console, why);
+      },
+      [&](Program& program) {
+        if (console.options.json) {
+          PrintRecords(console, program.settings.Store());
+        }
+      });
+}
+
+// Why the page's links could not be listed; "" where they could.
+std::string Scan(Program& program, const std::string& page) {
+  program.screens.ShowScreen(screen::kManageLinks);
+  program.form.Text1[field::kLinkPath].SetText(page);
+  const Label& import = program.form.Label2[action::kImport];
+  import.MouseMove();
+  if (import.BackColor() == kRed) {
+    return "a page's address begins with http and has at least twelve characters";
+  }
+  import.Click();
+  return program.requests.LastFailure();
+}
+
+void PrintFound(const Console& console, const CheckList& found) {
+  if (!console.options.json) {
+    for (const CheckList::Line& line : found.Lines()) {
+      console.out << OneLine(line.text) << '\n';
     }
-  });
+    return;
+  }
+  Json document = Json::array();
+  for (const CheckList::Line& line : found.Lines()) {
+    document.push_back(JsonText(line.text));
+  }
+  PrintDocument(console.out, document);
 }
 
 }  // namespace
@@ -105,27 +86,21 @@ ExitStatus LinksList(Console& console) {
 }
 
 ExitStatus LinksAdd(Console& console, const NewLink& link) {
-  return RunAndList(console, [&](Program& program) {
-    const std::string why = WhyNotAddable(program, link);
-    if (!why.empty()) {
-      return Refuse(console, why);
-    }
-    FillFields(program, link);
-    return Submit(console, program, action::kAdd);
-  });
+  return RunAndList(console, [&](Program& program) { return SubmitNewLink(program, link); });
 }
 
 ExitStatus LinksRemove(Console& console, const std::string& name) {
-  return RunAndList(console, [&](Program& program) {
-    ComboBox& listed = program.form.Combo1;
-    const int item = listed.Find(name);
-    if (item == listed.Count()) {
-      return Refuse(console, "no link is named " + name);
-    }
-    program.screens.ShowScreen(screen::kManageLinks);
-    listed.Choose(item);
-    return Submit(console, program, action::kRemove);
-  });
+  return RunAndList(console, [&](Program& program) { return SubmitRemoval(program, name); });
+}
+
+ExitStatus LinksScan(Console& console, const std::string& page) {
+  return RunChanging(
+      console,
+      [&](Program& program) {
+        const std::string why = Scan(program, page);
+        return why.empty() ? ExitStatus::Done : Refuse(console, why);
+      },
+      [&](Program& program) { PrintFound(console, program.form.List1); });
 }
 
 }  // namespace tallyo

@@ -1,21 +1,17 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "cli/console_options.h"
+#include "cli/link_submission.h"
 
 namespace tallyo {
-
-struct NewLink {
-  std::string path;
-  std::string name;
-  std::optional<std::string> reference;  // none: the last part of the path, as the screen proposes
-  std::string sizeKb;
-};
 
 ExitStatus LinksList(Console& console);
 ExitStatus LinksAdd(Console& console, const NewLink& link);
 ExitStatus LinksRemove(Console& console, const std::string& name);
+
+// Lists the links found on a web page.
+ExitStatus LinksScan(Console& console, const std::string& page);
 
 }  // namespace tallyo

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/command_line.h"
@@ -13,9 +14,9 @@ namespace {
 
 // The folder of the program file, unless the program was built for another one.
 std::string DefaultAppDir() {
-  const std::string built = TALLYO_APP_DIR;
-  if (!built.empty()) {
-    return built;
+  constexpr std::string_view kBuiltFor(TALLYO_APP_DIR);
+  if (!kBuiltFor.empty()) {
+    return std::string(kBuiltFor);
   }
   std::error_code error;
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();

@@ -10,6 +10,18 @@
 namespace tallyo {
 namespace {
 
+Table StatusTable(const Program& program) {
+  Table table({{"Name", "name"},
+               {"Counter", "counter", Align::Right},
+               {"Change", "change", Align::Right},
+               {"Path", "path"}});
+  const ReportList& list = program.form.ListView1;
+  for (int row = 1; row <= list.RowCount(); ++row) {
+    table.AddRow({list.RowText(row), list.Value(row, 1), list.Value(row, 2), list.Value(row, 3)});
+  }
+  return table;
+}
+
 // The row numbers of the details are numbers, all else is text.
 void PrintDetails(const Console& console, const Program& program) {
   const ReportList& list = program.form.ListView3;
@@ -33,20 +45,16 @@ void PrintDetails(const Console& console, const Program& program) {
 }  // namespace
 
 void PrintStatus(const Console& console, const Program& program) {
-  Table table({{"Name", "name"},
-               {"Counter", "counter", Align::Right},
-               {"Change", "change", Align::Right},
-               {"Path", "path"}});
-  const ReportList& list = program.form.ListView1;
-  for (int row = 1; row <= list.RowCount(); ++row) {
-    table.AddRow({list.RowText(row), list.Value(row, 1), list.Value(row, 2), list.Value(row, 3)});
-  }
-  table.Print(console, "No links are monitored.");
+  StatusTable(program).Print(console, "No links are monitored.");
 }
 
-ExitStatus Status(Console& console) {
+ExitStatus Status(Console& console, StatusFormat format) {
   return RunReading(console, [&](Program& program) {
-    PrintStatus(console, program);
+    if (format == StatusFormat::Csv) {
+      StatusTable(program).PrintCsv(console.out);
+    } else {
+      PrintStatus(console, program);
+    }
     return ExitStatus::Done;
   });
 }

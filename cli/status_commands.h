@@ -5,7 +5,9 @@
 
 namespace tallyo {
 
-ExitStatus Status(Console& console);
+enum class StatusFormat { AsOptions, Csv };
+
+ExitStatus Status(Console& console, StatusFormat format);
 ExitStatus Refresh(Console& console);
 ExitStatus Info(Console& console);
 

@@ -1,9 +1,11 @@
 #include "cli/table.h"
 
 #include <algorithm>
+#include <iterator>
 #include <ostream>
 #include <utility>
 
+#include "cli/csv.h"
 #include "cli/json_output.h"
 #include "cli/safe_text.h"
 
@@ -27,6 +29,15 @@ void Table::Print(const Console& console, const std::string& whenEmpty) const {
     console.out << whenEmpty << '\n';
   } else {
     PrintText(console.out);
+  }
+}
+
+void Table::PrintCsv(std::ostream& out) const {
+  std::vector<std::string> fields;
+  std::ranges::transform(columns_, std::back_inserter(fields), &TableColumn::field);
+  PrintCsvRow(out, fields);
+  for (const std::vector<std::string>& row : rows_) {
+    PrintCsvRow(out, row);
   }
 }
 

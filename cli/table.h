@@ -29,6 +29,9 @@ class Table {
   // As the console's options want it; an empty table is said to be so in words.
   void Print(const Console& console, const std::string& whenEmpty) const;
 
+  // As comma-separated values with a heading line of the field names.
+  void PrintCsv(std::ostream& out) const;
+
  private:
   void PrintText(std::ostream& out) const;
   void PrintJson(std::ostream& out) const;

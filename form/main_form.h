@@ -71,6 +71,7 @@ inline constexpr std::size_t kPending = 5;
 class MainForm {
  public:
   MainForm();
+  ~MainForm() = default;
   MainForm(const MainForm&) = delete;
   MainForm& operator=(const MainForm&) = delete;
 

@@ -6,10 +6,10 @@
 namespace tallyo::names {
 
 inline constexpr std::string_view AppTitle = "Tallyo";
-inline constexpr std::string_view SettingsKey = "Software\\Quillmere\\Tallyo";
-inline constexpr std::string_view RunKey = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
+inline constexpr std::string_view SettingsKey = R"(Software\Quillmere\Tallyo)";
+inline constexpr std::string_view RunKey = R"(Software\Microsoft\Windows\CurrentVersion\Run)";
 // Record NN of the monitored links is the value NN of the key MonitorFilesKey + NN.
-inline constexpr std::string_view MonitorFilesKey = "Software\\Quillmere\\Tallyo\\MonitorFiles\\";
+inline constexpr std::string_view MonitorFilesKey = R"(Software\Quillmere\Tallyo\MonitorFiles\)";
 
 inline constexpr std::string_view kUser = "User";
 inline constexpr std::string_view kAccount = "Account";

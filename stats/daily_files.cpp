@@ -1,6 +1,8 @@
 #include "stats/daily_files.h"
 
+#include <algorithm>
 #include <optional>
+#include <tuple>
 
 #include "stats/month_days.h"
 #include "text/decimal_text.h"
@@ -86,6 +88,29 @@ void DailyFiles::LoadDailyFile(std::string_view month, std::string_view name) {
   } catch (const RuntimeError&) {
     return;
   }
+}
+
+std::vector<HourHits> DailyFiles::ReadMonth(std::string_view month, std::string_view name) const {
+  std::vector<HourHits> entries;
+  try {
+    const std::string content = files_.Read(DailyFile(month, name));
+    Lines lines(content);
+    while (const std::optional<std::string_view> line = lines.Next()) {
+      const HourHits entry{.day = ToInt16(LeadingNumber(Part(*line, 0, 2))),
+                           .hour = ToInt16(LeadingNumber(Part(*line, 2, 2))),
+                           .hits = LeadingNumber(Part(*line, kKeyLength))};
+      if (line->size() > kKeyLength && entry.day >= 1 && entry.day <= 31 && entry.hour >= 0 &&
+          entry.hour < kHours) {
+        entries.push_back(entry);
+      }
+    }
+  } catch (const RuntimeError&) {
+    return entries;
+  }
+  std::ranges::stable_sort(entries, [](const HourHits& one, const HourHits& other) {
+    return std::tie(one.day, one.hour) < std::tie(other.day, other.hour);
+  });
+  return entries;
 }
 
 bool DailyFiles::HasFile(std::string_view month, std::string_view name) const {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "form/main_form.h"
 #include "form/shared_state.h"
@@ -11,6 +12,13 @@
 #include "platform/files.h"
 
 namespace tallyo {
+
+// The hits of one hour.
+struct HourHits {
+  int day = 0;   // 1 to 31
+  int hour = 0;  // 0 to 23
+  double hits = 0;
+};
 
 // The history: one text file for each link and month, "<friendly name>-<mmm>" in the year's folder,
 // with a line "ddhhHITS" for each hour that had hits, in the order in which the hours came.
@@ -30,6 +38,12 @@ class DailyFiles {
   // Fills the grid with one month of a link; the empty month is the current one. Reading ends
   // silently at a missing file and at the first line that has no place in the grid.
   void LoadDailyFile(std::string_view month, std::string_view name);
+
+  // All hours of a link's month that have an entry, by day and hour, also those that the grid has
+  // no place for (more hits than 32,767). Lines that are no entry are passed over; a missing file
+  // has none.
+  [[nodiscard]] std::vector<HourHits> ReadMonth(std::string_view month,
+                                                std::string_view name) const;
 
   // Whether there is anything kept for a link and month.
   [[nodiscard]] bool HasFile(std::string_view month, std::string_view name) const;

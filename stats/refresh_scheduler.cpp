@@ -57,12 +57,12 @@ void RefreshScheduler::ShowTitle() {
 }
 
 bool RefreshScheduler::RefreshIsDue(double intervalSeconds) const {
-  const double last = static_cast<double>(state_.LastCheckTime);
+  const auto last = static_cast<double>(state_.LastCheckTime);
   return ComparableNow(clock_.Now()) - last >= intervalSeconds || last == 0;
 }
 
 void RefreshScheduler::ShowAges(double intervalSeconds) {
-  const double last = static_cast<double>(state_.LastCheckTime);
+  const auto last = static_cast<double>(state_.LastCheckTime);
   if (last <= 0) {
     form_.ListView3.SetValue(detail::kNextCheck, 1, "on connect");
     form_.ListView3.SetValue(detail::kLastCheck, 1, "Unknown");

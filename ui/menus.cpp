@@ -1,10 +1,11 @@
 #include "ui/menus.h"
 
 #include <string>
+#include <utility>
 
 namespace tallyo {
 
-Menus::Menus(const Targets& targets) : to_(targets) {
+Menus::Menus(Targets targets) : to_(std::move(targets)) {
   ConnectFile();
   ConnectOptions();
   ConnectWindow();

@@ -38,7 +38,7 @@ class Menus {
   };
 
   // Connects itself to the menu items, which must outlive it.
-  explicit Menus(const Targets& targets);
+  explicit Menus(Targets targets);
 
  private:
   void ConnectFile();

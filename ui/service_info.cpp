@@ -53,7 +53,7 @@ void ServiceInfo::ShowServiceInfo() {
   Show(detail::kBytesTotal,
        FormatByteCount(ToInt32(LeadingNumber(settings_.Get(names::kBytesTransTotal)))));
   Show(detail::kFilesMonitored, std::to_string(form_.Combo1.Count()));
-  const double lastCheck = static_cast<double>(state_.LastCheckTime);
+  const auto lastCheck = static_cast<double>(state_.LastCheckTime);
   Show(detail::kLastCheck,
        lastCheck <= 0 ? "Unknown" : CheckAge(ComparableNow(clock_.Now()) - lastCheck));
 }

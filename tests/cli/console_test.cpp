@@ -67,7 +67,7 @@ TEST_F(Console, RefusesWrongCommandLinesWithTwo) {
       {{"frob"}, "'frob' is not expected"},
       {{"links"}, "subcommand is required"},
       {{"links", "add", "http://files/a"}, "--name is required"},
-      {{"daily"}, "NAME is required"},
+      {{"daily"}, "NAME, or --all, is required"},
       {{"daily", "a", "--month", "jan"}, "jan not in"},
       {{"daily", "a", "b"}, "'b' is not expected"},
       {{"watch", "--for", "soon"}, "--for"},

@@ -64,6 +64,11 @@ void AddLinks(CLI::App& app, ChosenCommand& chosen) {
   remove->add_option("NAME", *name, "The link's friendly name")->required();
   Choose(remove, chosen, name,
          [](Console& console, const std::string& given) { return LinksRemove(console, given); });
+  auto page = std::make_shared<std::string>();
+  CLI::App* scan = group->add_subcommand("scan", "List the links found on a web page");
+  scan->add_option("PAGE", *page, "The page's address")->required();
+  Choose(scan, chosen, page,
+         [](Console& console, const std::string& given) { return LinksScan(console, given); });
 }
 
 }  // namespace tallyo

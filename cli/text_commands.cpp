@@ -55,12 +55,17 @@ ExitStatus ConfigExport(Console& console) {
 }
 
 ExitStatus ConfigImport(Console& console, const std::string& company, const std::string& account) {
+  int links = 0;
   return RunChanging(
-      console, [&](Program& program) { return Import(console, program, company, account); },
+      console,
       [&](Program& program) {
-        const int links = program.form.Combo1.Count();
+        const ExitStatus status = Import(console, program, company, account);
+        links = status == ExitStatus::Done ? program.form.Combo1.Count() : 0;
+        return status;
+      },
+      [&](Program& /*program*/) {
         if (console.options.json) {
-          PrintDocument(console.out, {{"links", links}});
+          PrintDocument(console.out, {{"imported", links}});
         } else if (links > 0) {
           console.out << links << (links == 1 ? " link" : " links") << " imported\n";
         }

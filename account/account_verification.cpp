@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "platform/raised_flag.h"
 #include "platform/transport_failure.h"
 #include "settings/names.h"
 #include "text/decimal_text.h"
@@ -18,9 +19,10 @@ bool AccountVerification::VerifyAccount() {
     refusal_ = AccountRefusal::None;
     return true;
   }
-  if (requests_.InFlight()) {
-    return false;  // asked from inside a fetch, perhaps a check's own, which goes on undisturbed
+  if (verifying_ || requests_.InFlight()) {
+    return false;
   }
+  const RaisedFlag verifying(verifying_);
   refusal_ = AccountRefusal::None;
   try {
     const std::string record = FetchRecord(typed.account);

@@ -43,7 +43,8 @@ class AccountVerification {
         boxes_(boxes) {}
 
   // Whether the account may be used. Without an account name it may, and nothing is asked. A
-  // failure on the way gives false, silently, and leaves what was set until then.
+  // failure on the way gives false, silently, and leaves what was set until then. Asked from inside
+  // a fetch or another check it gives false at once and disturbs neither.
   bool VerifyAccount();
 
   // What the last call found.
@@ -73,6 +74,7 @@ class AccountVerification {
   const Clock& clock_;
   MessageBoxes& boxes_;
   AccountRefusal refusal_ = AccountRefusal::None;
+  bool verifying_ = false;
 };
 
 }  // namespace tallyo

@@ -48,17 +48,18 @@ void Snapshot::Load() {
   }
 }
 
-void Snapshot::ApplySnapshot(const WrittenLinks& written) {
+void Snapshot::ApplySnapshot() {
   try {
     if (files_.Exists(File())) {
-      Apply(settings_.IsOn(names::kCountOnce, countOnce_) ? written : WrittenLinks());
+      Apply(settings_.IsOn(names::kCountOnce, countOnce_));
     }
+    written_.clear();
   } catch (const RuntimeError&) {
     return;
   }
 }
 
-void Snapshot::Apply(const WrittenLinks& passedOver) {
+void Snapshot::Apply(bool countOnce) {
   const std::string content = files_.Read(File());
   SnapshotLine line(FirstLine(content));
   do {
@@ -67,7 +68,7 @@ void Snapshot::Apply(const WrittenLinks& passedOver) {
       return;
     }
     const std::string name(entry->name);
-    if (!passedOver.contains(name)) {
+    if (!countOnce || !written_.contains(name)) {
       Settle(name, entry->counter);
     }
   } while (!line.UsedUp());

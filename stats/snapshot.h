@@ -14,9 +14,6 @@
 
 namespace tallyo {
 
-// The friendly names of the links whose growth a refresh has written to the daily files itself.
-using WrittenLinks = std::unordered_set<std::string>;
-
 // The last counters seen, kept between two sessions in Data/LastRead.dat: one line of
 // "name=counter," for each row of the current status, in order.
 class Snapshot {
@@ -39,15 +36,18 @@ class Snapshot {
   // its first error, a missing file included; what it did until then stays.
   void LoadSnapshot();
 
+  // Notes that a refresh has written the growth of a link to the daily files itself.
+  void NoteWritten(const std::string& name) { written_.insert(name); }
+
   // Writes what has been counted since the snapshot to the daily files, then deletes it. Ends
   // silently at its first error and then keeps the file, so that the next refresh tries again.
-  // Where the setting "CountOnce" is on, the links in `written` are passed over.
-  void ApplySnapshot(const WrittenLinks& written);
+  // Where the setting "CountOnce" is on, links whose growth is written already are passed over.
+  void ApplySnapshot();
 
  private:
   [[nodiscard]] std::filesystem::path File() const { return state_.DataFolder() / "LastRead.dat"; }
   void Load();
-  void Apply(const WrittenLinks& passedOver);
+  void Apply(bool countOnce);
   void Settle(const std::string& name, std::int16_t value);
 
   MainForm& form_;
@@ -57,6 +57,7 @@ class Snapshot {
   MonitoredLinks& links_;
   DailyFiles& dailyFiles_;
   bool countOnce_;
+  std::unordered_set<std::string> written_;  // friendly names, since the snapshot was taken
 };
 
 }  // namespace tallyo

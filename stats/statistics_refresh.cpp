@@ -35,11 +35,10 @@ RefreshOutcome StatisticsRefresh::Run() {
   }
   try {
     const std::string reply = FetchReply();
-    WrittenLinks written;
-    if (!ReadReply(reply, written)) {
+    if (!ReadReply(reply)) {
       return RefreshOutcome::Stopped;
     }
-    snapshot_.ApplySnapshot(written);
+    snapshot_.ApplySnapshot();
     Stamp();
     return RefreshOutcome::Completed;
   } catch (const TransportFailure&) {
@@ -76,7 +75,7 @@ std::string StatisticsRefresh::FetchReply() {
   return reply;
 }
 
-bool StatisticsRefresh::ReadReply(std::string_view text, WrittenLinks& written) {
+bool StatisticsRefresh::ReadReply(std::string_view text) {
   StatisticsReply reply(text);
   LinkFields fields;
   // Lives for the whole reply: the growth of a link without a row is measured against the old
@@ -93,7 +92,7 @@ bool StatisticsRefresh::ReadReply(std::string_view text, WrittenLinks& written) 
     }
     if (links_.FindMonitoredLink(fields, reply.Reference(), FindBy::Reference).found) {
       TakeCounter(fields, reply.Counter(), oldCounter);
-      BookGrowth(fields[linkfield::kFriendlyName], reply.Counter(), oldCounter, written);
+      BookGrowth(fields[linkfield::kFriendlyName], reply.Counter(), oldCounter);
     }
   }
 }
@@ -116,7 +115,7 @@ void StatisticsRefresh::TakeCounter(const LinkFields& fields, std::string_view c
 }
 
 void StatisticsRefresh::BookGrowth(const std::string& name, std::string_view counter,
-                                   std::string_view oldCounter, WrittenLinks& written) {
+                                   std::string_view oldCounter) {
   const double interval = RefreshIntervalSeconds(form_.Text2.Text());
   const double sinceLast = ComparableNow(clock_.Now()) - static_cast<double>(state_.LastCheckTime);
   if (sinceLast < interval && state_.LastCheckTime != 0) {
@@ -124,7 +123,7 @@ void StatisticsRefresh::BookGrowth(const std::string& name, std::string_view cou
   }
   const std::int16_t growth = ToInt16(LeadingNumber(counter) - LeadingNumber(oldCounter));
   if (growth > 0 && dailyFiles_.WriteDailyCount(growth, name)) {
-    written.insert(name);
+    snapshot_.NoteWritten(name);
   }
 }
 

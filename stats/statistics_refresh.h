@@ -60,10 +60,9 @@ class StatisticsRefresh {
   [[nodiscard]] RefreshOutcome PassGates();
   [[nodiscard]] std::string FetchReply();
   // False where the reply ends the refresh at once.
-  [[nodiscard]] bool ReadReply(std::string_view reply, WrittenLinks& written);
+  [[nodiscard]] bool ReadReply(std::string_view reply);
   void TakeCounter(const LinkFields& fields, std::string_view counter, std::string& oldCounter);
-  void BookGrowth(const std::string& name, std::string_view counter, std::string_view oldCounter,
-                  WrittenLinks& written);
+  void BookGrowth(const std::string& name, std::string_view counter, std::string_view oldCounter);
   void Stamp();
 
   MainForm& form_;

@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "tests/support/test_program.h"
 #include "text/two_digits.h"
@@ -18,6 +17,9 @@ namespace tallyo::test {
 inline constexpr std::string_view kAccountPath = "/Tallyo/accounts/mysite.txt";
 inline constexpr std::string_view kCountersPath =
     "/cgi-bin/Tallyo/devstats.cgi?account=mysite.txt&action=show";
+// What GiveAccount lets the service answer where it is not told otherwise.
+inline constexpr std::string_view kAccountRecord =
+    "opn=01/15/2014,max=10,exp=01/15/2027,ban=no,com=Acme,acc=mysite\n";
 inline constexpr const char* kNoFile = "(no file)";
 
 // A test program that monitors links. Link NAME has the reference "NAME.zip" on the service and the
@@ -27,7 +29,7 @@ class MonitoredProgram : public TestProgram {
   void GiveLinks(std::initializer_list<std::string> names) {
     int number = 0;
     for (const std::string& name : names) {
-      SetRecord(TwoDigits(++number), "1," + name + "," + name + ".zip,http://h/" + name);
+      GiveLink(++number, name);
     }
   }
 
@@ -35,13 +37,12 @@ class MonitoredProgram : public TestProgram {
   void StartWith(std::initializer_list<std::pair<std::string, std::string>> counters) {
     GiveAccount();
     int number = 0;
-    for (const auto& [name, counter] : counters) {
-      SetRecord(TwoDigits(++number), "1," + name + "," + name + ".zip,http://h/" + name);
+    for (const auto& link : counters) {
+      GiveLink(++number, link.first);
     }
     Start();
-    int row = 0;
-    for (const auto& [name, counter] : counters) {
-      Form().ListView1.SetValue(++row, 1, counter);
+    for (int row = 1; const auto& link : counters) {
+      Form().ListView1.SetValue(row++, 1, link.second);
     }
   }
 
@@ -72,12 +73,12 @@ class MonitoredProgram : public TestProgram {
     };
   }
 
-  // Of each link: name, counter and change.
-  [[nodiscard]] std::vector<std::string> Rows() {
-    std::vector<std::string> rows;
+  // Of each link "name|counter|change " in one text.
+  [[nodiscard]] std::string Rows() {
+    std::string rows;
     for (int row = 1; row <= Form().ListView1.RowCount(); ++row) {
-      rows.push_back(Form().ListView1.RowText(row) + "|" + Form().ListView1.Value(row, 1) + "|" +
-                     Form().ListView1.Value(row, 2));
+      rows += Form().ListView1.RowText(row) + "|" + Form().ListView1.Value(row, 1) + "|" +
+              Form().ListView1.Value(row, 2) + " ";
     }
     return rows;
   }
@@ -91,6 +92,14 @@ class MonitoredProgram : public TestProgram {
   }
   [[nodiscard]] std::string LastRead() { return TextOrNoFile("Data/LastRead.dat"); }
 
+  // The file has this content afterwards; kNoFile takes it away.
+  void PutFile(std::string_view path, std::string_view text) {
+    std::filesystem::remove(folder.Path() / path);
+    if (text != kNoFile) {
+      WriteFile(path, text);
+    }
+  }
+
   // Every file and folder under the AppDir but those of the settings store.
   [[nodiscard]] std::set<std::string> Tree() const {
     std::set<std::string> paths;
@@ -100,6 +109,11 @@ class MonitoredProgram : public TestProgram {
       }
     }
     return paths;
+  }
+
+ private:
+  void GiveLink(int number, const std::string& name) {
+    SetRecord(TwoDigits(number), "1," + name + "," + name + ".zip,http://h/" + name);
   }
 };
 

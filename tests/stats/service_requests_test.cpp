@@ -1,0 +1,133 @@
+#include "stats/service_requests.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "platform/transport_failure.h"
+#include "tests/support/monitored_program.h"
+
+namespace tallyo {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Reason = TransportFailure::Reason;
+
+class ServiceRequestsTest : public testing::Test {
+ protected:
+  ServiceRequestsTest() {
+    t_.Start();
+    t_.Form().Label8.OnChange = [this] {
+      ++reports_;
+      requestsAtReport_ = t_.server.Requests().size();
+    };
+  }
+
+  // By path on the service, or by whole address.
+  std::string Fetch(const std::string& path) {
+    return t_.P().requests.FetchDocument(path.starts_with("/") ? t_.server.Url(path) : path);
+  }
+  std::optional<Reason> FailureOf(const std::string& path) {
+    try {
+      Fetch(path);
+    } catch (const TransportFailure& failure) {
+      return failure.Why();
+    }
+    return std::nullopt;
+  }
+  std::int32_t Timeout() { return t_.P().requests.TransferTimeout(); }
+
+  test::MonitoredProgram t_;
+  int reports_ = 0;  // assignments of the status label
+  std::size_t requestsAtReport_ = 0;
+};
+
+TEST_F(ServiceRequestsTest, ReportTheBeginningOfATransferOnceAndBeforeAnythingIsSent) {
+  t_.server.Answer("/a", "body");
+  t_.Form().ListView3.SetValue(detail::kAccountStatus, 1, "Normal");
+  t_.Form().ListView3.SetValue(detail::kOtherStatus, 1, "");
+  EXPECT_EQ(Fetch("/a"), "body");
+  EXPECT_EQ(reports_, 1);
+  EXPECT_EQ(requestsAtReport_, 0U);
+  EXPECT_EQ(t_.Form().Label8.Caption(), "Request Time out");
+  EXPECT_EQ(t_.Detail(detail::kAccountStatus), "Unknown");
+  EXPECT_EQ(t_.Detail(detail::kOtherStatus), "Not connected");
+}
+
+TEST_F(ServiceRequestsTest, AllowOneSecondMoreForEachTransferUntilOneFails) {
+  for (int fetch = 0; fetch < 3; ++fetch) {
+    Fetch("/missing");
+  }
+  EXPECT_EQ(Timeout(), 63);
+  t_.server.RefuseConnections();
+  reports_ = 0;
+  EXPECT_EQ(FailureOf("/missing"), Reason::Failed);
+  EXPECT_EQ(Timeout(), 60);
+  EXPECT_EQ(reports_, 2) << "one for the beginning, one for the failure";
+  EXPECT_EQ(t_.Form().Label8.Caption(), "Request Time out");
+  EXPECT_EQ(t_.Detail(detail::kAccountStatus), "Unknown");
+  EXPECT_EQ(t_.Detail(detail::kOtherStatus), "Connecting");
+}
+
+TEST_F(ServiceRequestsTest, TakeTheServicesAnswersAsTheyAreAndFollowAPageElsewhere) {
+  t_.server.AnswerWith("/500", {.status = 500, .body = "broken\r\n"});
+  t_.server.AnswerWith("/moved", {.status = 302, .headers = {"Location: /500"}, .body = "moved"});
+  t_.server.Answer("/empty", "");
+  EXPECT_EQ(Fetch("/missing"), "404 Not Found");
+  EXPECT_EQ(Fetch("/500"), "broken\r\n");
+  EXPECT_EQ(Fetch("/moved"), "moved");
+  EXPECT_EQ(Fetch("/empty"), "");
+  test::ScriptedServer elsewhere;
+  elsewhere.AnswerWith("/old", {.status = 302, .headers = {"Location: /new"}, .body = "moved"});
+  elsewhere.Answer("/new", "page");
+  EXPECT_EQ(Fetch(elsewhere.Url("/old")), "page");
+}
+
+TEST_F(ServiceRequestsTest, SendAddressesRaw) {
+  const ServiceRequests& requests = t_.P().requests;
+  Fetch(requests.ScriptAddress("devstats.cgi?account=my site.txt&action=show"));
+  Fetch(requests.DocumentAddress("accounts/caf\xE9#1.txt"));
+  EXPECT_THAT(
+      t_.server.Requests(),
+      ElementsAre("GET /cgi-bin/Tallyo/devstats.cgi?account=my site.txt&action=show HTTP/1.1",
+                  "GET /Tallyo/accounts/caf\xE9#1.txt HTTP/1.1"));
+}
+
+TEST_F(ServiceRequestsTest, NeitherReportNorSendAnAddressThatCannotBeSent) {
+  for (const char* path : {"/my\nsite", "/my\rsite", "/my\x7Fsite", "file:///etc/passwd", ""}) {
+    EXPECT_EQ(FailureOf(path), Reason::BadAddress) << path;
+  }
+  EXPECT_EQ(reports_, 0);
+  EXPECT_EQ(Timeout(), 60);
+  EXPECT_THAT(t_.server.Requests(), IsEmpty());
+}
+
+TEST_F(ServiceRequestsTest, RefuseASecondDocumentInsideTheFirst) {
+  t_.server.Answer("/slow", "first");
+  for (const std::size_t sent : {0U, 2U}) {  // while it is reported, while it is waited for
+    t_.server.Hold("/slow");
+    std::optional<Reason> nested;
+    t_.DuringRequest(sent, [&] { nested = FailureOf("/second"); });
+    EXPECT_EQ(Fetch("/slow"), "first");
+    EXPECT_EQ(nested, Reason::Busy);
+  }
+  EXPECT_EQ(t_.server.Requests().size(), 2U);
+  EXPECT_EQ(reports_, 2);
+  EXPECT_EQ(Timeout(), 62);
+}
+
+TEST_F(ServiceRequestsTest, ReportNoErrorForATransferThatIsGivenUp) {
+  t_.server.Hold("/slow");
+  t_.DuringRequest(1, [&] { t_.P().requests.CancelTransfers(); });
+  EXPECT_EQ(FailureOf("/slow"), Reason::Cancelled);
+  EXPECT_EQ(reports_, 1);
+  EXPECT_EQ(Timeout(), 1);
+  EXPECT_EQ(t_.Detail(detail::kOtherStatus), "Not connected");
+  t_.server.Answer("/next", "next");
+  EXPECT_EQ(Fetch("/next"), "next");
+}
+
+}  // namespace
+}  // namespace tallyo

@@ -64,6 +64,12 @@ ConsoleOptions OptionsOf(const GlobalWords& words) {
   return options;
 }
 
+// A result that did not reach its reader (a full disk, a closed pipe) is no result.
+ExitStatus WithOutputWritten(Console& console, ExitStatus status) {
+  console.out.flush();
+  return console.out ? status : Refuse(console, "the result could not be written");
+}
+
 // What is wrong with the words. A command that does not exist is named; the parser would only miss
 // the one that it expects.
 int SayUsage(const CLI::App& app, const CLI::ParseError& error, const ConsoleHost& host) {
@@ -94,7 +100,7 @@ int RunCommandLine(const std::vector<std::string>& words, const ConsoleHost& hos
     std::vector<std::string> backwards(words.rbegin(), words.rend());  // as the parser wants them
     app.parse(backwards);
     Console console{host.clock, host.out, host.err, host.terminal, OptionsOf(globals)};
-    return static_cast<int>(chosen(console));
+    return static_cast<int>(WithOutputWritten(console, chosen(console)));
   } catch (const CLI::Success& help) {  // --help or --version
     return app.exit(help, host.out, host.err);
   } catch (const CLI::ParseError& error) {

@@ -31,7 +31,8 @@ class Reporter {
  public:
   explicit Reporter(Console& console) : console_(console) {}
 
-  void Tell(const Program& program, RefreshOutcome outcome) {
+  void TellRefresh(const Program& program, RefreshOutcome outcome) {
+    spoken_ = true;
     const std::string why = WhyNotRefreshed(program, outcome);
     if (!why.empty()) {
       Complain(why);
@@ -45,8 +46,21 @@ class Reporter {
     }
   }
 
+  // What a tick left without a refresh: why the account keeps it from one, or, the first time, when
+  // the next is due.
+  void TellTick(const Program& program) {
+    const ReportList& details = program.form.ListView3;
+    if (details.Value(detail::kSlotsLeft, 1).empty()) {
+      Complain(WhyAccountRefused(program));
+    } else if (!spoken_ && !console_.options.json) {
+      console_.out << program.form.Label8.Caption()
+                   << "; next check: " << details.Value(detail::kNextCheck, 1) << std::endl;
+    }
+    spoken_ = true;
+  }
+
   void Complain(const std::string& why) {
-    if (why != lastComplaint_) {
+    if (!why.empty() && why != lastComplaint_) {
       Refuse(console_, why);
       lastComplaint_ = why;
     }
@@ -55,6 +69,7 @@ class Reporter {
  private:
   Console& console_;
   std::string lastComplaint_;
+  bool spoken_ = false;
 };
 
 }  // namespace
@@ -66,13 +81,16 @@ ExitStatus Watch(Console& console, std::optional<double> seconds) {
       [&](Program& program, SignalPump& pump) {
         const Deadline deadline = In(seconds);
         program.refresh.OnFinished = [&](RefreshOutcome outcome) {
-          reporter.Tell(program, outcome);
+          reporter.TellRefresh(program, outcome);
         };
-        if (program.form.Combo1.Count() == 0) {
+        const bool hasLinks = program.form.Combo1.Count() > 0;
+        if (!hasLinks) {
           reporter.Complain(WhyNotRefreshed(program, RefreshOutcome::NoLinks));
         }
         while (!Over(deadline)) {
-          program.Dispatch([&] { program.form.Timer1.Tick(); });
+          if (program.Dispatch([&] { program.form.Timer1.Tick(); }) && hasLinks) {
+            reporter.TellTick(program);
+          }
           pump.Wait(-1, program.form.Timer1.IntervalMilliseconds());
         }
         return ExitStatus::Done;

@@ -3,6 +3,7 @@
 #include "bench/made_links.h"
 #include "links/link_index.h"
 #include "links/link_record.h"
+#include "links/link_scanner.h"
 #include "stats/daily_files.h"
 #include "stats/statistics_reply.h"
 #include "text/two_digits.h"
@@ -65,6 +66,27 @@ void AddToADailyFile(benchmark::State& state) {
   }
 }
 BENCHMARK(AddToADailyFile);
+
+// Ten megabytes of a page, by what its maker repeats.
+void ScanAPage(benchmark::State& state, const std::string& repeated, const std::string& end) {
+  std::string page;
+  while (page.size() < 10'000'000) {
+    page += repeated;
+  }
+  page += end;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(ScanLinks(page, "http://files.example/"));
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(page.size()));
+}
+BENCHMARK_CAPTURE(
+    ScanAPage, links,
+    "<li><A HREF=\"../pub/manual-4711.pdf\">The manual of the 4711, 3rd ed.</A></li>\n"
+    "<p>Some words about it that no one reads.</p>\n",
+    "");
+BENCHMARK_CAPTURE(ScanAPage, anchorsThatNeverEnd, "<A HREF=", "");
+BENCHMARK_CAPTURE(ScanAPage, anchorsThatEndTogether, "<A HREF=", ">");
+BENCHMARK_CAPTURE(ScanAPage, parentsWithoutEnd, "<A HREF=../", "../>");
 
 }  // namespace
 }  // namespace tallyo::bench

@@ -11,7 +11,21 @@
 namespace tallyo {
 namespace {
 
-// For commands that fetch nothing.
+// What a command that only reads needs of a machine: nothing is fetched, nobody is asked, and
+// signals end it as they end any program.
+class NoEvents final : public EventPump {
+ protected:
+  void RunPending() override {}
+};
+
+class NoBoxes final : public MessageBoxes {
+ public:
+  using MessageBoxes::MessageBoxes;
+
+ protected:
+  BoxAnswer Ask(const MessageBox& /*box*/) override { return BoxAnswer::No; }
+};
+
 class NoTransfer final : public HttpTransfer {
  public:
   std::string Get(const TransferRequest& /*request*/, EventPump& /*pump*/) override {
@@ -97,8 +111,8 @@ ExitStatus RunReading(Console& console, const std::function<ExitStatus(Program&)
   SayProblem(console, store, ProcessLock::Outcome::Taken);
   PosixFiles files;
   NoTransfer transfer;
-  SignalPump pump;
-  TerminalBoxes boxes(console, pump);
+  NoEvents pump;
+  NoBoxes boxes(pump);
   NoShell shell;
   Program program(OptionsOf(console), {.clock = console.clock,
                                        .files = files,

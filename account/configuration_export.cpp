@@ -48,16 +48,25 @@ std::string ConfigurationExport::Header() const {
 
 std::string ConfigurationExport::LinkLines(int item) {
   form_.Combo1.Choose(item);
-  LinkFields stored;
-  if (!links_.FindMonitoredLink(stored, form_.Combo1.Text(), FindBy::FriendlyName).found) {
+  LinkFields walked;
+  const LinkLookup found =
+      links_.FindMonitoredLink(walked, form_.Combo1.Text(), FindBy::FriendlyName);
+  if (!found.found) {
     return "";
   }
-  // Choosing a link does not fill its size.
-  form_.Text1[field::kSizeKb].SetText(stored[linkfield::kSizeKb]);
-  const auto& fields = form_.Text1;
-  return RecordText({fields[field::kSizeKb].Text(), fields[field::kFriendlyName].Text(),
-                     fields[field::kReference].Text(), fields[field::kLinkPath].Text()}) +
-         kLineEnd + fields[field::kFriendlyName].Text() + kLineEnd;
+  // Choosing a link fills no size, and what its record leaves empty from the records before it; the
+  // file gets the record's own fields.
+  const std::string text = links_.RecordOf(found);
+  const LinkRecord record = SplitRecord(text);
+  LinkFields own;
+  for (std::size_t i = 0; i < own.size(); ++i) {
+    own.at(i) = record.fields.at(i).value_or("");
+  }
+  form_.Text1[field::kSizeKb].SetText(own[linkfield::kSizeKb]);
+  form_.Text1[field::kFriendlyName].SetText(own[linkfield::kFriendlyName]);
+  form_.Text1[field::kReference].SetText(own[linkfield::kReference]);
+  form_.Text1[field::kLinkPath].SetText(own[linkfield::kLinkPath]);
+  return RecordText(own) + kLineEnd + own[linkfield::kFriendlyName] + kLineEnd;
 }
 
 }  // namespace tallyo

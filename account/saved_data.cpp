@@ -41,6 +41,10 @@ void SavedData::ResetSavedData(int count) {
     SetSettingValue(store_, Hive::LocalMachine, names::SettingsKey, names::kAccOpen, "");
   });
   try {
+    // What a killed session kept would bring the counters back.
+    if (files_.Exists(state_.DataFolder() / "LastRead.now")) {
+      files_.Delete(state_.DataFolder() / "LastRead.now");
+    }
     files_.Delete(state_.DataFolder() / "LastRead.dat");
   } catch (const RuntimeError&) {
     return;

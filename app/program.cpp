@@ -50,7 +50,7 @@ Program::Program(const ProgramOptions& options, const Machine& machine)
       scheduler(form, state, settings, machine.clock, machine.pump, machine.boxes, requests,
                 verification, refresh),
       screens(form, state),
-      preferences(form, state, settings),
+      preferences(form, state, settings, machine.shell),
       dailyStatus(form, screens, dailyFiles, machine.clock),
       serviceInfo(form, state, settings, machine.clock, screens, verification),
       importQueue(form, screens),
@@ -83,6 +83,7 @@ void Program::StartProgram() {
   Survives([&] { links.LoadMonitoredLinks(); });
   form.Frame.SetVisible(true);
   CheckLinks();
+  snapshot.Recover();
   Survives([&] { snapshot.LoadSnapshot(); });
   countersLoaded_ = true;
   scheduler.Begin();

@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <iostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "cli/command_line.h"
@@ -14,9 +13,9 @@ namespace {
 
 // The folder of the program file, unless the program was built for another one.
 std::string DefaultAppDir() {
-  constexpr std::string_view kBuiltFor(TALLYO_APP_DIR);
-  if (!kBuiltFor.empty()) {
-    return std::string(kBuiltFor);
+  constexpr const char* kBuiltFor = TALLYO_APP_DIR;
+  if (*kBuiltFor != '\0') {
+    return kBuiltFor;
   }
   std::error_code error;
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();

@@ -34,10 +34,11 @@ class NoTransfer final : public HttpTransfer {
   void Cancel() override {}
 };
 
-// A terminal has no documents to open.
+// A terminal has no documents to open and no desktop to log on to.
 class NoShell final : public Shell {
  public:
   void Open(const std::filesystem::path& /*document*/) override {}
+  void RunAtLogon(bool /*run*/) override {}
 };
 
 ProgramOptions OptionsOf(const Console& console) {

@@ -43,6 +43,11 @@ LinkLookup MonitoredLinks::FindMonitoredLink(LinkFields& fields, std::string_vie
   return Index().Find(fields, key, by);
 }
 
+std::string MonitoredLinks::RecordOf(const LinkLookup& found) {
+  return QuerySettingValue(settings_.Store(), Hive::LocalMachine,
+                           std::string(names::MonitorFilesKey) + found.number, found.number);
+}
+
 std::uint16_t MonitoredLinks::CheckMonitoredLinks() {
   LinkFields fields;
   for (int i = 0; i < form_.Combo1.Count(); ++i) {

@@ -27,6 +27,9 @@ class MonitoredLinks {
   // the walk leaves it. Throws RuntimeError at a record of five or more fields.
   LinkLookup FindMonitoredLink(LinkFields& fields, std::string_view key, FindBy by);
 
+  // The text of a record that a lookup found, by its number.
+  [[nodiscard]] std::string RecordOf(const LinkLookup& found);
+
   // Adds a row to the current status for each item of Combo1. 65535 where an item has no record or
   // a record cannot be read (the rows before it stay), else 0.
   [[nodiscard]] std::uint16_t CheckMonitoredLinks();

@@ -13,6 +13,35 @@
 namespace tallyo {
 
 void Snapshot::SaveSnapshot() {
+  Write(File(), Line());
+  if (files_.Exists(RecoveryFile())) {
+    files_.Delete(RecoveryFile());
+  }
+}
+
+void Snapshot::KeepForRecovery() {
+  try {
+    Write(RecoveryFile(), Line());
+  } catch (const RuntimeError&) {
+    return;
+  }
+}
+
+void Snapshot::Recover() {
+  try {
+    if (!files_.Exists(RecoveryFile())) {
+      return;
+    }
+    if (!files_.Exists(File())) {
+      Write(File(), files_.Read(RecoveryFile()));
+    }
+    files_.Delete(RecoveryFile());
+  } catch (const RuntimeError&) {
+    return;
+  }
+}
+
+std::string Snapshot::Line() const {
   std::string line;
   for (int row = 1; row <= form_.ListView1.RowCount(); ++row) {
     line += form_.ListView1.RowText(row);
@@ -20,7 +49,11 @@ void Snapshot::SaveSnapshot() {
     line += form_.ListView1.Value(row, 1);
     line += ',';
   }
-  files_.Replace(File(), line + "\r\n", state_.DataFolder() / "LastRead.tmp");
+  return line + "\r\n";
+}
+
+void Snapshot::Write(const std::filesystem::path& file, std::string_view content) {
+  files_.Replace(file, content, state_.DataFolder() / "LastRead.tmp");
 }
 
 void Snapshot::LoadSnapshot() {
@@ -35,7 +68,7 @@ void Snapshot::LoadSnapshot() {
 }
 
 void Snapshot::Load() {
-  const std::string content = files_.Read(File());
+  const std::string content = files_.Read(files_.Exists(File()) ? File() : RecoveryFile());
   SnapshotLine line(FirstLine(content));
   LinkFields fields;
   int row = 1;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -15,7 +16,9 @@
 namespace tallyo {
 
 // The last counters seen, kept between two sessions in Data/LastRead.dat: one line of
-// "name=counter," for each row of the current status, in order.
+// "name=counter," for each row of the current status, in order. While a session lasts, the same
+// line is kept in Data/LastRead.now after every refresh: it stands in for LastRead.dat where the
+// session is killed, so that the next one does not take whole counters for growth.
 class Snapshot {
  public:
   // countOnce is what the setting "CountOnce" means where it is absent.
@@ -29,11 +32,19 @@ class Snapshot {
         dailyFiles_(dailyFiles),
         countOnce_(countOnce) {}
 
-  // Throws RuntimeError where the file cannot be written; it is then as it was.
+  // At the end of a session. Throws RuntimeError where the file cannot be written; it is then as it
+  // was.
   void SaveSnapshot();
 
+  // After a refresh; lost silently where it cannot be written.
+  void KeepForRecovery();
+
+  // At the start of a session: takes what a killed one kept, where it left no snapshot of its own.
+  void Recover();
+
   // Puts the counters into the rows by position, the i-th entry into the i-th row. Ends silently at
-  // its first error, a missing file included; what it did until then stays.
+  // its first error, a missing file included; what it did until then stays. Without a snapshot it
+  // takes what the running session keeps.
   void LoadSnapshot();
 
   // Notes that a refresh has written the growth of a link to the daily files itself.
@@ -46,6 +57,11 @@ class Snapshot {
 
  private:
   [[nodiscard]] std::filesystem::path File() const { return state_.DataFolder() / "LastRead.dat"; }
+  [[nodiscard]] std::filesystem::path RecoveryFile() const {
+    return state_.DataFolder() / "LastRead.now";
+  }
+  [[nodiscard]] std::string Line() const;
+  void Write(const std::filesystem::path& file, std::string_view content);
   void Load();
   void Apply(bool countOnce);
   void Settle(const std::string& name, std::int16_t value);

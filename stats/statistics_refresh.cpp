@@ -38,6 +38,8 @@ RefreshOutcome StatisticsRefresh::Run() {
     if (!ReadReply(reply)) {
       return RefreshOutcome::Stopped;
     }
+    // First, so that a kill between the two leaves the older counters rather than none.
+    snapshot_.KeepForRecovery();
     snapshot_.ApplySnapshot();
     Stamp();
     return RefreshOutcome::Completed;

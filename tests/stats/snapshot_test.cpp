@@ -153,5 +153,35 @@ TEST(Snapshot, PassesOverWhatARefreshHadBookedBeforeItStopped) {
   EXPECT_EQ(t.Daily("b"), "15122\r\n");
 }
 
+TEST(Snapshot, OfAKilledSessionIsTakenFromItsLastRefresh) {
+  test::MonitoredProgram t;
+  t.countOnce = true;
+  t.StartWith({{"a", "10"}, {"b", "7"}});
+  t.Restart();
+  ASSERT_EQ(t.Refresh("<P>14 a.zip\n<P>7 b.zip\n"), RefreshOutcome::Completed);
+  ASSERT_EQ(t.Refresh("<P>15 a.zip\n<P>7 b.zip\n"), RefreshOutcome::Completed);
+  EXPECT_EQ(t.LastRead(), kNoFile);
+  t.Start();  // without quitting the session before
+  EXPECT_EQ(t.Rows(), "a|15| b|7| ");
+  t.clock.Advance(3600);
+  ASSERT_EQ(t.Refresh("<P>17 a.zip\n<P>7 b.zip\n"), RefreshOutcome::Completed);
+  EXPECT_EQ(t.Daily("a"), "15124\r\n15132\r\n");
+  EXPECT_EQ(t.Daily("b"), kNoFile);
+}
+
+TEST(Snapshot, OfAProperEndLeavesNothingToRecoverAndWinsOverIt) {
+  test::MonitoredProgram t;
+  t.StartWith({{"a", "10"}});
+  ASSERT_EQ(t.Refresh("<P>14 a.zip\n"), RefreshOutcome::Completed);
+  EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), "a=14,\r\n");
+  t.P().Quit();
+  EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), kNoFile);
+  EXPECT_EQ(t.LastRead(), "a=14,\r\n");
+  t.WriteFile("Data/LastRead.now", "a=3,\r\n");  // as a kill at the very end leaves it
+  t.Start();
+  EXPECT_EQ(t.Rows(), "a|14| ");
+  EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), kNoFile);
+}
+
 }  // namespace
 }  // namespace tallyo

@@ -45,9 +45,8 @@ LinkLine ReadLine(int number, std::string_view text) {
   return line;
 }
 
-// A heading line and empty lines hold no link.
-bool HoldsNoLink(int number, std::string_view text) {
-  return text.empty() || (number == 1 && text.starts_with("path,name"));
+bool IsHeading(const LinkLine& line) {
+  return line.number == 1 && line.link.path == "path" && line.link.name == "name";
 }
 
 std::vector<LinkLine> ReadLines(std::string_view text) {
@@ -59,8 +58,12 @@ std::vector<LinkLine> ReadLines(std::string_view text) {
   int number = 0;
   while (const std::optional<std::string_view> line = lines.Next()) {
     ++number;
-    if (!HoldsNoLink(number, *line)) {
-      read.push_back(ReadLine(number, *line));
+    if (line->empty()) {
+      continue;
+    }
+    LinkLine parsed = ReadLine(number, *line);
+    if (!IsHeading(parsed)) {
+      read.push_back(std::move(parsed));
     }
   }
   return read;

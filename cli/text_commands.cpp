@@ -6,6 +6,7 @@
 #include "cli/json_output.h"
 #include "cli/safe_text.h"
 #include "cli/sessions.h"
+#include "links/link_record.h"
 
 namespace tallyo {
 namespace {
@@ -87,7 +88,19 @@ ExitStatus CountingLinkOf(Console& console, const std::string& name) {
     if (item == listed.Count()) {
       return Refuse(console, "no link is named " + name);
     }
+    LinkLookup found;
+    program.Dispatch([&] {
+      LinkFields walked;
+      found = program.links.FindMonitoredLink(walked, name, FindBy::FriendlyName);
+    });
+    if (!found.found) {
+      return Refuse(console, "the record of the link " + name + " cannot be read");
+    }
     listed.Choose(item);
+    // Choosing a link without a reference of its own fills that of a link before it.
+    const std::string record = program.links.RecordOf(found);
+    program.form.Text1[field::kReference].SetText(
+        std::string(SplitRecord(record).fields[linkfield::kReference].value_or("")));
     program.textScreen.MakeCountingLink();
     PrintText(console, program);
     return ExitStatus::Done;

@@ -16,7 +16,7 @@ struct FoundLinks {
 };
 
 // The texts of all links of one page may take so many bytes together; the scan ends where they
-// would take more, which no page does whose anchors end.
+// would take more, as they do where thousands of anchors share one end.
 inline constexpr std::size_t kMostLinkBytes = std::size_t{64} << 20U;
 
 // The targets of all "<A HREF=" anchors (exactly so written) of a page. A target is what stands

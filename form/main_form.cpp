@@ -9,15 +9,15 @@ namespace tallyo {
 namespace {
 
 // Sizes of the panels in twips.
-constexpr std::array<std::pair<int, int>, screen::kCount> kPanelSizes = {{{7860, 3420},
-                                                                          {9600, 4800},
-                                                                          {6600, 3600},
-                                                                          {19500, 7200},
+constexpr std::array<std::pair<int, int>, screen::kCount> kPanelSizes = {{{7860, 3600},
+                                                                          {10500, 5100},
                                                                           {7860, 4200},
-                                                                          {7200, 3600},
-                                                                          {7860, 3420},
-                                                                          {9600, 6000},
-                                                                          {9000, 4800}}};
+                                                                          {19500, 8100},
+                                                                          {8700, 4800},
+                                                                          {7860, 4800},
+                                                                          {7860, 3600},
+                                                                          {10500, 7200},
+                                                                          {10500, 5400}}};
 
 template <typename AnyControl>
 void Stand(AnyControl& control, int screen, const Place& place, std::string caption) {
@@ -53,6 +53,12 @@ void MainForm::SetFocus(TextBox& box) {
     left->LostFocus();
   }
   box.GotFocus();
+}
+
+void MainForm::LeaveFocus() {
+  if (TextBox* const left = std::exchange(focused_, nullptr)) {
+    left->LostFocus();
+  }
 }
 
 void MainForm::DescribeMenus() {
@@ -157,6 +163,7 @@ void MainForm::DescribeTheRest() {
   List1.SetScreen(screen::kImportLinks);
   List1.SetCaption("Links found on imported document. Check mark the ones you want to use");
   Command2.SetScreen(screen::kImportLinks);
+  Command2.SetCaption("&Use Checked Links");
   WB1.SetScreen(screen::kWebPage);
   Text4.SetScreen(screen::kText);
 

@@ -117,6 +117,8 @@ class MainForm {
   // Moves the focus: the field that had it loses it, then the new one gets it. A request for the
   // field that has it already, or for one on a hidden screen, is ignored.
   void SetFocus(TextBox& box);
+  // The focus moves to a control that is no field: the field that had it loses it.
+  void LeaveFocus();
   [[nodiscard]] const TextBox* Focused() const { return focused_; }
 
  private:

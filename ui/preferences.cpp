@@ -23,8 +23,8 @@ constexpr const char* kLeastHoursText = "0.5";
 
 }  // namespace
 
-Preferences::Preferences(MainForm& form, const SharedState& state, Settings& settings)
-    : form_(form), state_(state), settings_(settings) {
+Preferences::Preferences(MainForm& form, const SharedState& state, Settings& settings, Shell& shell)
+    : form_(form), state_(state), settings_(settings), shell_(shell) {
   for (std::size_t i = 0; i < form_.Check1.size(); ++i) {
     form_.Check1[i].OnClick = [this, i] { CheckClicked(i); };
   }
@@ -88,6 +88,7 @@ void Preferences::StoreAutoload() {
   const bool ticked = form_.Check1[box::kAutoload].Value() == 1;
   SetSettingValue(settings_.Store(), Hive::LocalMachine, names::RunKey, names::AppTitle,
                   ticked ? state_.AppDir.string() + "/tallyo.exe" : "");
+  shell_.RunAtLogon(ticked);
 }
 
 void Preferences::ShowInAllScreens(std::size_t index, Label& caption, Label& figure,

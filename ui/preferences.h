@@ -5,6 +5,7 @@
 
 #include "form/main_form.h"
 #include "form/shared_state.h"
+#include "platform/shell.h"
 #include "settings/settings.h"
 
 namespace tallyo {
@@ -13,7 +14,7 @@ namespace tallyo {
 class Preferences {
  public:
   // Connects itself to the screen's controls, which must outlive it.
-  Preferences(MainForm& form, const SharedState& state, Settings& settings);
+  Preferences(MainForm& form, const SharedState& state, Settings& settings, Shell& shell);
 
   // Puts the stored preferences into the controls.
   void Restore();
@@ -29,6 +30,7 @@ class Preferences {
   MainForm& form_;
   const SharedState& state_;
   Settings& settings_;
+  Shell& shell_;
 };
 
 }  // namespace tallyo

@@ -1,0 +1,50 @@
+#include "ui/qt/busy_indicator.h"
+
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QToolButton>
+
+namespace tallyo {
+namespace {
+
+constexpr int kMomentMilliseconds = 250;
+constexpr int kBarWidth = 80;   // pixels
+constexpr int kBarHeight = 10;  // pixels
+
+}  // namespace
+
+BusyIndicator::BusyIndicator(Mirror& mirror, QWidget* parent) : QWidget(parent), mirror_(mirror) {
+  setObjectName("Busy");
+  auto* const bar = new QProgressBar(this);
+  bar->setRange(0, 0);
+  bar->setTextVisible(false);
+  bar->setFixedSize(kBarWidth, kBarHeight);
+  bar->setAccessibleName("Waiting for an answer");
+  auto* const stop = new QToolButton(this);
+  stop->setObjectName("StopTransfer");
+  stop->setText("Stop");
+  stop->setAccessibleName("Stop");
+  stop->setFocusPolicy(Qt::TabFocus);
+  connect(stop, &QToolButton::clicked, this,
+          [this] { mirror_.Send([this] { mirror_.Of().requests.StopFetch(); }); });
+  auto* const row = new QHBoxLayout(this);
+  row->setContentsMargins(0, 0, 0, 0);
+  row->addWidget(bar);
+  row->addWidget(stop);
+  moment_.setSingleShot(true);
+  moment_.setInterval(kMomentMilliseconds);
+  connect(&moment_, &QTimer::timeout, this,
+          [this] { setVisible(mirror_.Of().requests.InFlight()); });
+  hide();
+}
+
+void BusyIndicator::Look() {
+  if (!mirror_.Of().requests.InFlight()) {
+    moment_.stop();
+    hide();
+  } else if (!isVisible() && !moment_.isActive()) {
+    moment_.start();
+  }
+}
+
+}  // namespace tallyo

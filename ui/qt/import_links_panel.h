@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/qt/check_list_model.h"
+#include "ui/qt/control_binding.h"
+
+namespace tallyo {
+
+// The import screen: the links found on a page, each with a box.
+class ImportLinksPanel : public QWidget {
+ public:
+  ImportLinksPanel(ControlBinding& binding, QWidget* parent);
+
+ private:
+  CheckListModel model_;
+};
+
+}  // namespace tallyo

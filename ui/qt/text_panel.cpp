@@ -1,0 +1,70 @@
+#include "ui/qt/text_panel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFileDialog>
+#include <QFontDatabase>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSaveFile>
+
+#include "ui/qt/panel_layout.h"
+#include "ui/qt/shown_string.h"
+
+namespace tallyo {
+namespace {
+
+// False where the file could not be written.
+bool WriteWhole(const QString& name, const std::string& text) {
+  QSaveFile file(name);
+  return file.open(QIODevice::WriteOnly) &&
+         file.write(text.data(), static_cast<qint64>(text.size())) ==
+             static_cast<qint64>(text.size()) &&
+         file.commit();
+}
+
+}  // namespace
+
+TextPanel::TextPanel(ControlBinding& binding, QWidget* parent)
+    : QWidget(parent), text_(binding.Form().Text4) {
+  auto* const text = new QPlainTextEdit(this);
+  text->setAccessibleName("Text");
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(text->font().pointSizeF());
+  text->setFont(font);
+  text->setTabChangesFocus(true);
+  binding.Bind(binding.Form().Text4, *text, "Text4");
+  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  auto* const copy = new QPushButton("&Copy", this);
+  copy->setObjectName("CopyText");
+  copy->setAccessibleName("Copy");
+  auto* const save = new QPushButton("&Save As...", this);
+  save->setObjectName("SaveTextAs");
+  save->setAccessibleName("Save As");
+  connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
+  connect(save, &QPushButton::clicked, this, [this] { SaveAs(); });
+
+  QVBoxLayout* const column = PanelLayout(*this);
+  column->addWidget(text, 1);
+  auto* const buttons = new QHBoxLayout;
+  buttons->addStretch(1);
+  buttons->addWidget(copy);
+  buttons->addWidget(save);
+  column->addLayout(buttons);
+}
+
+void TextPanel::Copy() const { QApplication::clipboard()->setText(Shown(text_.Text())); }
+
+void TextPanel::SaveAs() {
+  const QString name = QFileDialog::getSaveFileName(this, "Save As", "tallyo.txt",
+                                                    "Text files (*.txt);;All files (*)");
+  if (!name.isEmpty() && !WriteWhole(name, text_.Text())) {
+    QMessageBox box(QMessageBox::Critical, "Tallyo", "The file cannot be written: " + name,
+                    QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+  }
+}
+
+}  // namespace tallyo

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QWidget>
+
+#include "ui/qt/control_binding.h"
+
+namespace tallyo {
+
+// The text screen: what a command wrote, to be copied or saved.
+class TextPanel : public QWidget {
+ public:
+  TextPanel(ControlBinding& binding, QWidget* parent);
+
+ private:
+  void Copy() const;
+  void SaveAs();
+
+  const TextBox& text_;
+};
+
+}  // namespace tallyo

@@ -1,0 +1,171 @@
+#include "ui/qt/web_page_viewer.h"
+
+#include <QBuffer>
+#include <QDesktopServices>
+#include <QImageReader>
+#include <QStringDecoder>
+#include <QTextDocument>
+#include <utility>
+
+#include "ui/qt/shown_string.h"
+
+namespace tallyo {
+namespace {
+
+constexpr std::size_t kMostPictures = 64;   // on one page
+constexpr qint64 kMostPixels = 16'000'000;  // in one picture
+constexpr std::size_t kMostEarlierPages = 50;
+
+QString TextOf(const LoadedDocument& document) {
+  const QString charset = document.type.section("charset=", 1, 1).section(';', 0, 0).remove('"');
+  QStringDecoder decoder(charset.trimmed().toLatin1().constData());
+  if (!decoder.isValid()) {
+    decoder = QStringDecoder::decoderForHtml(document.body);
+  }
+  return decoder.decode(document.body);
+}
+
+bool IsPage(const QString& type) {
+  return type.isEmpty() || type.startsWith("text/html") || type.startsWith("application/xhtml");
+}
+
+// Pages bring colours made for a white ground; what they leave open must go with them.
+QPalette PaperPalette(QPalette palette) {
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::Link, QColor(0, 70, 170));
+  palette.setColor(QPalette::LinkVisited, QColor(85, 26, 139));
+  return palette;
+}
+
+}  // namespace
+
+WebPageViewer::WebPageViewer(std::filesystem::path ownFolder, QWidget* parent)
+    : QTextBrowser(parent), loader_(std::move(ownFolder)) {
+  setOpenLinks(false);
+  setPalette(PaperPalette(palette()));
+  document()->setDocumentMargin(16);
+  connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { Follow(link); });
+}
+
+void WebPageViewer::Open(const QString& address) {
+  Go(address.startsWith('/') ? QUrl::fromLocalFile(address) : QUrl(address, QUrl::TolerantMode));
+}
+
+void WebPageViewer::Go(const QUrl& address) {
+  loader_.Stop();
+  pictures_.clear();
+  address_ = address;
+  loading_ = true;
+  if (earlier_.empty() || earlier_.back() != address) {
+    earlier_.push_back(address);
+  }
+  if (earlier_.size() > kMostEarlierPages) {
+    earlier_.erase(earlier_.begin());
+  }
+  loader_.Load(address, [this](const LoadedDocument& document) { ShowDocument(document); });
+  if (OnMoved) {
+    OnMoved();
+  }
+}
+
+void WebPageViewer::GoBack() {
+  if (CanGoBack()) {
+    earlier_.pop_back();
+    const QUrl last = earlier_.back();
+    Go(last);
+  }
+}
+
+void WebPageViewer::ShowDocument(const LoadedDocument& found) {
+  loading_ = false;
+  address_ = found.address;
+  if (!found.Loaded()) {
+    ShowProblem(found.address, found.problem);
+  } else if (IsPage(found.type)) {
+    setHtml(TextOf(found));
+  } else if (found.type.startsWith("text/")) {
+    setPlainText(TextOf(found));
+  } else {
+    ShowProblem(found.address, "It is no page, but \"" + found.type + "\".");
+  }
+  if (address_.hasFragment()) {
+    scrollToAnchor(address_.fragment());
+  }
+  if (OnMoved) {
+    OnMoved();
+  }
+}
+
+void WebPageViewer::ShowProblem(const QUrl& address, const QString& why) {
+  const QString shown = address.isLocalFile() ? address.toLocalFile() : address.toString();
+  setHtml("<h2>This page cannot be shown</h2><p>" + Breakable(shown).toHtmlEscaped() + "</p><p>" +
+          Breakable(why).toHtmlEscaped() + "</p>");
+}
+
+void WebPageViewer::Follow(const QUrl& link) {
+  const QUrl target = address_.resolved(link);
+  const bool web = target.scheme() == "http" || target.scheme() == "https";
+  if (target.matches(address_, QUrl::RemoveFragment) && target.hasFragment()) {
+    scrollToAnchor(target.fragment());
+  } else if (web && target.host() == address_.host() && target.port() == address_.port()) {
+    Go(target);
+  } else if (web || target.scheme() == "mailto") {
+    QDesktopServices::openUrl(target);
+  } else if (address_.isLocalFile() && loader_.IsOwnFile(target)) {
+    if (target.path().endsWith(".sht")) {
+      Go(target);
+    } else {
+      QDesktopServices::openUrl(target);
+    }
+  }
+}
+
+// Pictures come later; until then, and instead of everything else that a page asks for, there is
+// nothing.
+QVariant WebPageViewer::loadResource(int type, const QUrl& name) {
+  if (type != QTextDocument::ImageResource || name.scheme() == "data") {
+    return name.scheme() == "data" ? QTextBrowser::loadResource(type, name) : QVariant();
+  }
+  const QUrl address = address_.resolved(name);
+  const auto found = pictures_.find(name);
+  if (found != pictures_.end()) {
+    return found->second;
+  }
+  if (pictures_.size() < kMostPictures && (!address.isLocalFile() || address_.isLocalFile())) {
+    pictures_[name] = QImage(1, 1, QImage::Format_ARGB32);
+    // Not in the midst of laying out the page that asks.
+    QMetaObject::invokeMethod(
+        this, [this, address, name] { FetchPicture(address, name); }, Qt::QueuedConnection);
+  }
+  return pictures_[name];
+}
+
+void WebPageViewer::FetchPicture(const QUrl& address, const QUrl& name) {
+  if (!pictures_.contains(name)) {
+    return;  // another page has come meanwhile
+  }
+  loader_.Load(address, [this, name](const LoadedDocument& found) {
+    if (found.Loaded()) {
+      ShowPicture(found.body, name);
+    }
+  });
+}
+
+void WebPageViewer::ShowPicture(const QByteArray& content, const QUrl& name) {
+  QBuffer buffer;
+  buffer.setData(content);
+  QImageReader reader(&buffer);
+  const QSize size = reader.size();
+  if (qint64{size.width()} * size.height() > kMostPixels) {
+    return;
+  }
+  const QImage picture = reader.read();
+  if (!picture.isNull()) {
+    pictures_[name] = picture;
+    document()->addResource(QTextDocument::ImageResource, name, picture);
+    document()->markContentsDirty(0, document()->characterCount());
+  }
+}
+
+}  // namespace tallyo

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QImage>
+#include <QTextBrowser>
+#include <functional>
+#include <map>
+#include <vector>
+
+#include "ui/qt/page_loader.h"
+
+namespace tallyo {
+
+// Shows simple pages with their pictures. Links on the page's own host are followed here, all
+// others by the program that the person uses for them. Scripts do not run.
+class WebPageViewer : public QTextBrowser {
+ public:
+  WebPageViewer(std::filesystem::path ownFolder, QWidget* parent);
+
+  // Runs when another page is shown or loaded.
+  std::function<void()> OnMoved;
+
+  // An address, or the path of a file in the own folder. The page is there some time later.
+  void Open(const QString& address);
+
+  // Back to the page before, if any.
+  void GoBack();
+  [[nodiscard]] bool CanGoBack() const { return earlier_.size() > 1; }
+
+  [[nodiscard]] const QUrl& Address() const { return address_; }
+  [[nodiscard]] bool IsLoading() const { return loading_; }
+
+ protected:
+  QVariant loadResource(int type, const QUrl& name) override;
+
+ private:
+  void Go(const QUrl& address);
+  void Follow(const QUrl& link);
+  void ShowDocument(const LoadedDocument& found);
+  void ShowProblem(const QUrl& address, const QString& why);
+  void FetchPicture(const QUrl& address, const QUrl& name);
+  void ShowPicture(const QByteArray& content, const QUrl& name);
+
+  PageLoader loader_;
+  QUrl address_;
+  bool loading_ = false;
+  std::vector<QUrl> earlier_;        // the pages gone to, the present one last
+  std::map<QUrl, QImage> pictures_;  // of the present page; null while they are loading
+};
+
+}  // namespace tallyo

@@ -2,12 +2,12 @@
 # calls. Where the tool of a target is missing, the target says so and fails.
 set(tallyo_rooms text form platform settings links account stats ui app cli service)
 set(patterns)
-foreach(folder ${tallyo_rooms} tests bench)
+foreach(folder ${tallyo_rooms} tests bench resources)
   list(APPEND patterns "${folder}/*.h" "${folder}/*.cpp")
 endforeach()
 file(GLOB_RECURSE tallyo_code CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" ${patterns})
 file(GLOB tallyo_scripts CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-     run test .ci/run scripts/* tests/layers/*)
+     run test .ci/run scripts/* tests/layers/* tests/window/starts-and-quits)
 list(FILTER tallyo_scripts EXCLUDE REGEX "/packages$|\\.txt$")
 
 # tallyo_check(NAME TOOL ARGUMENT...)
@@ -27,5 +27,5 @@ endfunction()
 list(JOIN tallyo_rooms "|" rooms)
 tallyo_check(format clang-format -i ${tallyo_code})
 tallyo_check(format-check clang-format --dry-run --Werror ${tallyo_code})
-tallyo_check(lint run-clang-tidy -quiet -p "${CMAKE_BINARY_DIR}" "^${PROJECT_SOURCE_DIR}/(${rooms})/")
+tallyo_check(lint run-clang-tidy -quiet -p "${CMAKE_BINARY_DIR}" "^${PROJECT_SOURCE_DIR}/(${rooms}|resources)/")
 tallyo_check(shell-check shellcheck ${tallyo_scripts})

@@ -25,14 +25,6 @@ class SavedDataTest : public testing::Test {
     t_.PutFile("Data/2026/a-Jan", "15091\r\n");
   }
 
-  // Starts with a damaged link, which brings up the question.
-  void StartDamaged(BoxAnswer answer) {
-    t_.SetRecord("02", "1,b,b.zip,http://h/b,more");
-    t_.NewSession();
-    t_.Boxes().NextAnswer = answer;
-    t_.P().Dispatch([&] { t_.P().StartProgram(); });
-  }
-
   // What a reset takes and what it keeps.
   void ExpectStored(bool reset) {
     EXPECT_EQ(t_.Record("01") + t_.Record("03"),
@@ -50,60 +42,44 @@ class SavedDataTest : public testing::Test {
   test::MonitoredProgram t_;
 };
 
-TEST_F(SavedDataTest, GoesOnceThePersonAgrees) {
-  StartDamaged(BoxAnswer::Yes);
-  ASSERT_EQ(t_.Boxes().Shown().size(), 1U);
-  const MessageBox& box = t_.Boxes().Shown()[0];
-  EXPECT_EQ(box.text,
-            "A missconfiguration was found. Press Yes to reset the program. Warning This will "
-            "remove all saved data");
-  EXPECT_EQ(box.title, "");
-  EXPECT_EQ(box.icon, BoxIcon::Critical);
-  EXPECT_EQ(box.buttons, BoxButtons::YesNo);
-  ExpectStored(true);
-  EXPECT_EQ(t_.P().state.LastCheckTime, 0);
-  EXPECT_EQ(t_.P().state.NextLinkIndex, 0);
-  EXPECT_EQ(t_.Form().Combo1.Count(), 0);
-  EXPECT_EQ(t_.Rows(), "");
+TEST_F(SavedDataTest, GoesOnlyWhereThePersonAgrees) {
+  t_.SetRecord("02", "1,b,b.zip,http://h/b,more");  // brings up the question at the start
+  for (const bool agrees : {false, true}) {
+    t_.NewSession();
+    t_.Boxes().NextAnswer = agrees ? BoxAnswer::Yes : BoxAnswer::No;
+    t_.P().Dispatch([&] { t_.P().StartProgram(); });
+    ASSERT_EQ(t_.Boxes().Shown().size(), 1U);
+    const MessageBox& box = t_.Boxes().Shown()[0];
+    EXPECT_EQ(box.text,
+              "A missconfiguration was found. Press Yes to reset the program. Warning This will "
+              "remove all saved data");
+    EXPECT_EQ(box.title, "");
+    EXPECT_EQ(box.icon, BoxIcon::Critical);
+    EXPECT_EQ(box.buttons, BoxButtons::YesNo);
+    ExpectStored(agrees);
+    EXPECT_EQ(t_.P().state.LastCheckTime, agrees ? 0 : 43000);
+    EXPECT_EQ(t_.P().state.NextLinkIndex, agrees ? 0 : 3);
+    EXPECT_EQ(t_.Form().Combo1.Count(), agrees ? 0 : 3);
+    EXPECT_EQ(t_.Rows(), agrees ? "" : "a|10| ") << "the counters are loaded afterwards";
+  }
 }
 
-TEST_F(SavedDataTest, StaysWhereThePersonDoesNotAgree) {
-  StartDamaged(BoxAnswer::No);
-  EXPECT_EQ(t_.Boxes().Shown().size(), 1U);
-  ExpectStored(false);
-  EXPECT_EQ(t_.P().state.LastCheckTime, 43000);
-  EXPECT_EQ(t_.Form().Combo1.Count(), 3);
-  EXPECT_EQ(t_.Rows(), "a|10| ") << "the counters are loaded afterwards";
-}
-
-TEST_F(SavedDataTest, GoesWithoutAQuestionWhereNoneIsWanted) {
+TEST_F(SavedDataTest, GoesWithTheRecordsBehindTheCountAndThenWithTheWindow) {
   t_.Start();
   t_.P().dailyStatus.Open();
-  t_.P().savedData.ConfirmMisconfigurationReset(Confirm::Silently);
-  EXPECT_EQ(t_.Boxes().Shown().size(), 0U);
-  ExpectStored(true);
-  EXPECT_EQ(t_.Form().Combo2.Count(), 0);
-  t_.Restart();
-  EXPECT_EQ(t_.Form().Combo1.Count(), 0);
-  EXPECT_EQ(t_.Boxes().Shown().size(), 0U);
-}
-
-TEST_F(SavedDataTest, GoesWithTheRecordsBehindTheCountAndLeavesTheWindow) {
-  t_.Start();
   t_.P().savedData.ResetSavedData(1);
   ExpectStored(true);
   EXPECT_EQ(t_.P().state.LastCheckTime, 0);
   EXPECT_EQ(t_.Form().Combo1.Count(), 3);
-}
-
-TEST_F(SavedDataTest, KeepsTheTimeOfTheLastCheckWithoutASnapshotToDelete) {
-  t_.Start();
-  t_.PutFile("Data/LastRead.dat", kNoFile);
+  // Without a snapshot to delete only the confirmed reset goes on to the time of the last check.
+  t_.P().state.LastCheckTime = 43000;
   t_.P().savedData.ResetSavedData(3);
-  ExpectStored(true);
   EXPECT_EQ(t_.P().state.LastCheckTime, 43000);
   t_.P().savedData.ConfirmMisconfigurationReset(Confirm::Silently);
+  EXPECT_EQ(t_.Boxes().Shown().size(), 0U);
   EXPECT_EQ(t_.P().state.LastCheckTime, 0);
+  EXPECT_EQ(t_.Form().Combo2.Count(), 0);
+  ExpectStored(true);
 }
 
 }  // namespace

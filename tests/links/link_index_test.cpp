@@ -161,17 +161,6 @@ TEST(LinkIndex, GivesOnTheStoreWhatReadingTheStoreGives) {
   }
 }
 
-TEST(LinkIndex, GoesOnBehindRecord99) {
-  std::vector<std::string> records;
-  for (int i = 1; i <= 101; ++i) {
-    records.push_back("1,n" + std::to_string(i) + ",r,p");
-  }
-  const LinkIndex index(records);
-  LinkFields fields;
-  EXPECT_EQ(index.Find(fields, "n100", FindBy::FriendlyName).number, "100");
-  EXPECT_EQ(index.Find(fields, "n102", FindBy::FriendlyName).number, "102");
-}
-
 TEST(LinkIndex, SeesWhatAnotherProgramWritesAtOnce) {
   test::TestProgram program;
   program.SetRecord("01", "1,A,ra,http://a");

@@ -3,33 +3,34 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/support/test_program.h"
+#include "tests/support/monitored_program.h"
+#include "tests/support/table.h"
 
 namespace tallyo {
 namespace {
 
+using test::Table;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Texts = std::vector<std::string>;
+using Answer = RegistrationAnswer;
 
-constexpr const char* kAdd = "/cgi-bin/Tallyo/devstats.cgi?account=mysitef.txt&action=add";
-constexpr const char* kDel = "/cgi-bin/Tallyo/devstats.cgi?account=mysitef.txt&action=del";
+constexpr const char* kScript = "/cgi-bin/";
+// What is counted for a request: the friendly name where the sent query carries the reference.
+constexpr std::string_view kCounted =
+    "devstats.cgi?account=mysitef.txt&action=add&fryname=My Setup&link=http://files/setup.exe";
 
 class RegistrationTest : public testing::Test {
  protected:
-  RegistrationTest() { program.GiveAccount(); }
-
-  void StartWithLinks(const Texts& names) {
-    int number = 0;
-    for (const std::string& name : names) {
-      program.SetRecord("0" + std::to_string(++number), "1," + name + ",r" + name + ",p" + name);
-    }
+  void StartWithLinks(std::initializer_list<std::string> names) {
+    program.Store().DeleteKey(Hive::LocalMachine, names::MonitorFilesKey);
+    program.GiveAccount();
+    program.GiveLinks(names);
     program.Start();
     Type("setup.exe", "http://files/setup.exe", "My Setup", "250");
     program.P().state.MaxSlots = 10;
   }
-  void Type(const std::string& reference, const std::string& path, const std::string& name,
-            const std::string& size) {
+  void Type(const char* reference, const char* path, const char* name, const char* size) {
     auto& text = program.Form().Text1;
     text[field::kReference].SetText(reference);
     text[field::kLinkPath].SetText(path);
@@ -42,202 +43,136 @@ class RegistrationTest : public testing::Test {
     program.Form().Label2[action::kPending].SetCaption(verb);
     program.Form().Command1[1].SetEnabled(true);
   }
-  RegistrationAnswer Register() { return program.P().registration.RegisterLinkOnService(); }
-  RegistrationAnswer Unregister() { return program.P().registration.UnregisterLinkOnService(); }
+  Answer Register() { return program.P().registration.RegisterLinkOnService(); }
+  Answer Unregister() { return program.P().registration.UnregisterLinkOnService(); }
   [[nodiscard]] std::string Pending() { return program.Form().Label2[action::kPending].Caption(); }
   [[nodiscard]] bool CanSubmit() { return program.Form().Command1[1].Enabled(); }
+  [[nodiscard]] const Texts& Items() { return program.Form().Combo1.Items(); }
 
-  test::TestProgram program;
+  test::MonitoredProgram program;
 };
 
 TEST_F(RegistrationTest, SendsTheFieldsAsTheyStand) {
-  const struct {
-    const char* account;
-    const char* reference;
-    const char* path;
-    const char* rest;  // behind "account="
-  } cases[] = {
-      {"acme", "setup.exe", "http://files/setup.exe",
-       "acmef.txt&action=ACT&fryname=setup.exe&link=http://files/setup.exe"},
-      {"my site", "a&b c", "http://f/a b?x=1&y=#2",
-       "my sitef.txt&action=ACT&fryname=a&b c&link="
-       "http://f/a b?x=1&y=#2"},
-      {"a", "../%41", "http://f/../\xC3\xA4\xFF",
-       "af.txt&action=ACT&fryname=../%41&link="
-       "http://f/../\xC3\xA4\xFF"},
-      {"", "", "", "f.txt&action=ACT&fryname=&link="},
-  };
+  const Table<const char*, const char*, const char*> cases = {
+      {"my site", "a&b c", "http://f/a b?x=1&y=#2"},
+      {"a", "../%41", "http://f/../\xC3\xA4\xFF"},
+      {"", "", ""}};
   StartWithLinks({});
   Texts expected;
-  for (const auto& c : cases) {
-    program.Form().Text1[field::kAccount].SetText(c.account);
-    Type(c.reference, c.path, "Never Sent", "1");
-    EXPECT_EQ(Register(), RegistrationAnswer::Refused);
-    EXPECT_EQ(Unregister(), RegistrationAnswer::Refused);
+  for (const auto& [account, reference, path] : cases) {
+    program.Form().Text1[field::kAccount].SetText(account);
+    Type(reference, path, "Never Sent", "1");
+    EXPECT_EQ(Register(), Answer::Refused);
+    EXPECT_EQ(Unregister(), Answer::Refused);
     for (const char* verb : {"add", "del"}) {
-      std::string rest = c.rest;
-      rest.replace(rest.find("ACT"), 3, verb);
-      expected.push_back("GET /cgi-bin/Tallyo/devstats.cgi?account=" + rest + " HTTP/1.1");
+      expected.push_back("GET /cgi-bin/Tallyo/devstats.cgi?account=" + std::string(account) +
+                         "f.txt&action=" + verb + "&fryname=" + reference + "&link=" + path +
+                         " HTTP/1.1");
     }
   }
   EXPECT_EQ(program.server.Requests(), expected);
 }
 
-TEST_F(RegistrationTest, CountsTheQueryWithTheFriendlyNameAndTheReply) {
-  StartWithLinks({});
-  const std::string counted =
-      "devstats.cgi?account=mysitef.txt&action=add&fryname=My Setup&link=http://files/setup.exe";
-  program.server.Answer(kAdd, "12345");
-  program.server.Answer(kDel, "");
-  Register();
-  EXPECT_EQ(program.Setting(names::kBytesTransTotal), std::to_string(counted.size() + 5));
-  Unregister();
-  EXPECT_EQ(program.Setting(names::kBytesTransTotal), std::to_string(2 * counted.size() + 5));
-}
-
 TEST_F(RegistrationTest, ActsOnTheMarkersOfAnAnswerToAdd) {
   const std::string entry = "Entry already existed on the server";
   const std::string link = "Link already existed on the server";
-  const struct {
-    const char* reply;
-    RegistrationAnswer answer;
-    bool added;
-    Texts boxes;
-    bool pending;  // still, with Submit enabled
-  } cases[] = {
-      {"<P>ok", RegistrationAnswer::Done, true, {}, false},
-      {"<P>L Exists <P>F Exists x<P>okay", RegistrationAnswer::Done, true, {}, false},
-      {"<P>L Exists<P>F Exists", RegistrationAnswer::EntryExists, false, {entry}, false},
-      {"<html><P>L Exists\n", RegistrationAnswer::LinkExists, false, {link}, false},
-      {"<P>OK", RegistrationAnswer::Refused, false, {}, true},
-      {"<p>ok", RegistrationAnswer::Refused, false, {}, true},
-      {"ok <P>f exists", RegistrationAnswer::Refused, false, {}, true},
-      {"<P>refused: no slot left", RegistrationAnswer::Refused, false, {}, true},
-      {"", RegistrationAnswer::Refused, false, {}, true},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.reply);
-    program.Store().DeleteKey(Hive::LocalMachine, names::MonitorFilesKey);
+  const Table<std::string, Answer, Texts> cases = {
+      {"<P>L Exists <P>F Exists x<P>okay", Answer::Done, {}},
+      {"<P>L Exists<P>F Exists", Answer::EntryExists, {entry}},
+      {"<html><P>L Exists\n", Answer::LinkExists, {link}},
+      {"<P>OK", Answer::Refused, {}},
+      {"ok <p>ok <P>f exists", Answer::Refused, {}},
+      {"", Answer::Refused, {}}};
+  for (const auto& [reply, answer, boxes] : cases) {
+    SCOPED_TRACE(reply);
     StartWithLinks({});
-    program.server.Answer(kAdd, c.reply);
+    program.Set(names::kBytesTransTotal, "");
+    program.server.Answer(kScript, reply);
     MakePending("ADD");
-    EXPECT_EQ(Register(), c.answer);
-    EXPECT_EQ(program.Record("01"), c.added ? "250,My Setup,setup.exe,http://files/setup.exe" : "");
-    EXPECT_EQ(program.Form().Combo1.Count(), c.added ? 1 : 0);
-    EXPECT_EQ(program.Form().Label4[0].Caption(), c.added ? "9" : "");
-    EXPECT_EQ(program.Form().ListView1.RowCount(), 0);  // the next refresh adds it
-    EXPECT_EQ(program.Boxes().Texts(), c.boxes);
-    EXPECT_EQ(Pending(), c.pending ? "ADD" : "");
-    EXPECT_EQ(CanSubmit(), c.pending);
+    EXPECT_EQ(Register(), answer);
+    const bool added = answer == Answer::Done;
+    const bool stillPending = answer == Answer::Refused;
+    EXPECT_EQ(program.Record("01"), added ? "250,My Setup,setup.exe,http://files/setup.exe" : "");
+    EXPECT_EQ(program.Form().Combo1.Count(), added ? 1 : 0);
+    EXPECT_EQ(program.Form().Label4[0].Caption(), added ? "9" : "");
+    EXPECT_EQ(program.Rows(), "");  // the next refresh adds it
+    EXPECT_EQ(program.Boxes().Texts(), boxes);
+    EXPECT_EQ(Pending(), stillPending ? "ADD" : "");
+    EXPECT_EQ(CanSubmit(), stillPending);
+    EXPECT_EQ(program.Setting(names::kBytesTransTotal),
+              std::to_string(kCounted.size() + reply.size()));
   }
 }
 
 TEST_F(RegistrationTest, RemovesOnOkAndDisablesSubmitInEveryCase) {
-  const struct {
-    const char* reply;
-    bool removed;
-  } cases[] = {{"<P>ok", true}, {"<P>F Exists", false}, {"<P>OK", false}, {"", false}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.reply);
-    StartWithLinks({"A", "B"});
-    program.server.Answer(kDel, c.reply);
-    program.Form().Combo1.SetText("A");
+  for (const char* reply : {"<P>ok", "<P>F Exists", "<P>OK", ""}) {
+    SCOPED_TRACE(reply);
+    StartWithLinks({"A", "B", "B"});
+    program.Form().ListView1.SetValue(3, 1, "second B");
+    program.server.Answer(kScript, reply);
+    program.Form().Combo1.SetText("B");
     MakePending("REMOVE");
-    EXPECT_EQ(Unregister(), c.removed ? RegistrationAnswer::Done : RegistrationAnswer::Refused);
-    EXPECT_EQ(program.Record("01"), c.removed ? "1,B,rB,pB" : "1,A,rA,pA");
-    EXPECT_EQ(program.Form().Combo1.Items(), c.removed ? Texts{"B"} : Texts({"A", "B"}));
-    EXPECT_EQ(program.Form().Label4[0].Caption(), c.removed ? "9" : "");
-    EXPECT_EQ(program.Form().ListView1.RowText(1), c.removed ? "B" : "A");
+    const bool removed = reply == std::string("<P>ok");
+    EXPECT_EQ(Unregister(), removed ? Answer::Done : Answer::Refused);
+    EXPECT_EQ(program.Record("03"), removed ? "" : "1,B,B.zip,http://h/B");
+    EXPECT_EQ(Items(), removed ? Texts({"A", "B"}) : Texts({"A", "B", "B"}));
+    EXPECT_EQ(program.Form().Label4[0].Caption(), removed ? "8" : "");
+    EXPECT_EQ(program.Rows({1}), removed ? "A| B|second B " : "A| B| B|second B ");
     EXPECT_THAT(program.Boxes().Texts(), IsEmpty());
     EXPECT_EQ(Pending(), "REMOVE");
     EXPECT_FALSE(CanSubmit());
   }
 }
 
-TEST_F(RegistrationTest, RemovesTheFirstRowOfTheNameAlone) {
-  StartWithLinks({"A", "B", "B", "C"});
-  program.Form().ListView1.SetValue(3, 1, "second B");
-  program.server.Answer(kDel, "<P>ok");
-  program.Form().Combo1.SetText("B");
-  Unregister();
-  const ReportList& rows = program.Form().ListView1;
-  ASSERT_EQ(rows.RowCount(), 3);
-  EXPECT_EQ(rows.RowText(1) + rows.RowText(2) + rows.RowText(3), "ABC");
-  EXPECT_EQ(rows.Value(2, 1), "second B");
-  EXPECT_THAT(program.Form().Combo1.Items(), ElementsAre("A", "B", "C"));
-}
-
 TEST_F(RegistrationTest, UsesTheTextsThatWereAskedFor) {
   StartWithLinks({"A", "B"});
-  program.server.Answer(kAdd, "<P>ok");
-  program.server.Answer(kDel, "<P>ok");
+  program.server.Answer(kScript, "<P>ok");
   program.Form().Combo1.SetText("A");
-  bool changed = false;
-  program.Event = [&] {
-    if (!changed && !program.server.Requests().empty()) {
-      changed = true;
-      Type("other", "http://other", "Other", "9");
+  const auto typeWhileItWaits = [&](std::size_t request) {
+    program.server.Hold(kScript);
+    program.DuringRequest(request, [&] {
+      Type("other", "http://other", "Longer Name", "9");
       program.Form().Text1[field::kAccount].SetText("other");
       program.Form().Combo1.SetText("B");
-      program.server.Release();
-    }
+    });
   };
-  program.server.Hold("/cgi-bin/");
+  typeWhileItWaits(1);
   Unregister();
-  ASSERT_TRUE(changed);
-  EXPECT_THAT(program.Form().Combo1.Items(), ElementsAre("B"));
-  EXPECT_EQ(program.Record("01"), "1,B,rB,pB");
-
+  EXPECT_THAT(Items(), ElementsAre("B"));
+  EXPECT_EQ(program.Record("01"), "1,B,B.zip,http://h/B");
   program.Form().Text1[field::kAccount].SetText("mysite");
-  Type("ref", "http://path", "Name", "7");
-  const std::size_t before = program.server.Requests().size();
-  const std::string total = program.Setting(names::kBytesTransTotal);
-  program.Event = [&] {
-    if (program.server.Requests().size() > before) {
-      Type("other", "http://other", "Longer Name", "9");
-      program.server.Release();
-    }
-  };
-  program.server.Hold("/cgi-bin/");
+  Type("setup.exe", "http://files/setup.exe", "My Setup", "7");
+  program.Set(names::kBytesTransTotal, "");
+  typeWhileItWaits(2);
   Register();
-  EXPECT_EQ(program.Record("01"), "7,Name,ref,http://path");
-  const std::string counted =
-      "devstats.cgi?account=mysitef.txt&action=add&fryname=Name&link=http://path<P>ok";
-  EXPECT_EQ(program.Setting(names::kBytesTransTotal),
-            std::to_string(std::stoul(total) + counted.size()));
+  EXPECT_EQ(program.Record("01"), "7,My Setup,setup.exe,http://files/setup.exe");
+  EXPECT_EQ(program.Setting(names::kBytesTransTotal), std::to_string(kCounted.size() + 5));
 }
 
-TEST_F(RegistrationTest, AFetchThatFailsIsCountedAndTakenForARefusal) {
+TEST_F(RegistrationTest, SendsNothingForALineBreakAndTakesAFetchThatFailsForARefusal) {
   StartWithLinks({"A"});
-  program.server.RefuseConnections();
-  MakePending("ADD");
-  EXPECT_EQ(Register(), RegistrationAnswer::NoAnswer);
-  EXPECT_EQ(Pending(), "ADD");
-  EXPECT_TRUE(CanSubmit());
-  const std::string counted =
-      "devstats.cgi?account=mysitef.txt&action=add&fryname=My Setup&link=http://files/setup.exe";
-  EXPECT_EQ(program.Setting(names::kBytesTransTotal), std::to_string(counted.size()));
-  program.Form().Combo1.SetText("A");
-  EXPECT_EQ(Unregister(), RegistrationAnswer::NoAnswer);
-  EXPECT_FALSE(CanSubmit());
-  EXPECT_EQ(program.Record("01"), "1,A,rA,pA");
-  EXPECT_THAT(program.Boxes().Texts(), IsEmpty());
-}
-
-TEST_F(RegistrationTest, SendsNothingForALineBreak) {
-  const struct {
-    const char* reference;
-    const char* path;
-  } cases[] = {{"a\nb", "http://f"}, {"a", "http://f\r\nHost: x"}, {"a", "http://f\x7F"}};
-  StartWithLinks({});
-  for (const auto& c : cases) {
-    Type(c.reference, c.path, "Name", "1");
-    EXPECT_EQ(Register(), RegistrationAnswer::NoAnswer);
-    EXPECT_EQ(Unregister(), RegistrationAnswer::NoAnswer);
+  const Table<const char*, const char*> cases = {
+      {"a\nb", "http://f"}, {"a", "http://f\r\nHost: x"}, {"a", "http://f\x7F"}};
+  for (const auto& [reference, path] : cases) {
+    Type(reference, path, "Name", "1");
+    EXPECT_EQ(Register(), Answer::NoAnswer);
+    EXPECT_EQ(Unregister(), Answer::NoAnswer);
   }
   EXPECT_EQ(program.server.Connections(), 0);
   EXPECT_EQ(program.Form().Label8.Caption(), "");
-  EXPECT_EQ(program.P().requests.TransferTimeout(), 60);
+  StartWithLinks({"A"});
+  program.Set(names::kBytesTransTotal, "");
+  program.server.RefuseConnections();
+  MakePending("ADD");
+  EXPECT_EQ(Register(), Answer::NoAnswer);
+  EXPECT_EQ(Pending(), "ADD");
+  EXPECT_TRUE(CanSubmit());
+  EXPECT_EQ(program.Setting(names::kBytesTransTotal), std::to_string(kCounted.size()));
+  program.Form().Combo1.SetText("A");
+  EXPECT_EQ(Unregister(), Answer::NoAnswer);
+  EXPECT_FALSE(CanSubmit());
+  EXPECT_THAT(Items(), ElementsAre("A"));
+  EXPECT_THAT(program.Boxes().Texts(), IsEmpty());
 }
 
 }  // namespace

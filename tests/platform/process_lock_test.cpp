@@ -14,26 +14,14 @@ namespace {
 
 using Outcome = ProcessLock::Outcome;
 
-TEST(ProcessLock, IsHeldByOneAtATime) {
+TEST(ProcessLock, IsHeldByOneAtATimeAndGoesWithAKilledProcess) {
   const test::TempFolder folder;
   const auto appDir = folder.Path() / "home" / "tallyo";
-  {
-    const ProcessLock first(appDir);
-    EXPECT_EQ(first.Result(), Outcome::Taken);
-    EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::HeldByAnother);
-    EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Taken);  // another AppDir
-  }
-  EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::Taken);
-  EXPECT_TRUE(std::filesystem::exists(appDir / "Data" / ".lock"));
-}
-
-TEST(ProcessLock, GoesWithAKilledProcess) {
-  const test::TempFolder folder;
   int ready[2];
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   if (child == 0) {
-    const ProcessLock lock(folder.Path());
+    const ProcessLock lock(appDir);
     const char taken = lock.Result() == Outcome::Taken ? 'y' : 'n';
     static_cast<void>(!::write(ready[1], &taken, 1));
     for (;;) {
@@ -43,10 +31,12 @@ TEST(ProcessLock, GoesWithAKilledProcess) {
   char taken = 0;
   EXPECT_EQ(::read(ready[0], &taken, 1), 1);
   EXPECT_EQ(taken, 'y');
-  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::HeldByAnother);
+  EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::HeldByAnother);
+  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Taken);  // another AppDir
   ::kill(child, SIGKILL);
   ::waitpid(child, nullptr, 0);
-  EXPECT_EQ(ProcessLock(folder.Path()).Result(), Outcome::Taken);
+  EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::Taken);
+  EXPECT_EQ(ProcessLock(appDir).Result(), Outcome::Taken);  // again, in one program
   ::close(ready[0]);
   ::close(ready[1]);
 }

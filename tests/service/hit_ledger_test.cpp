@@ -74,10 +74,10 @@ TEST_F(HitLedgerTest, StoresAllHitsOfOneFlushOrNone) {
 TEST_F(HitLedgerTest, FollowsWhatAnotherProgramChanges) {
   Hit("r", 5);
   Hit("s", 7);
-  other_.Execute("UPDATE links SET url = 'http://x/new', hits = 100 WHERE reference = 'r'");
+  other_.Execute("UPDATE links SET url = 'http://x/new', hits = 5000000000 WHERE reference = 'r'");
   other_.Execute("DELETE FROM links WHERE reference = 's'");
   ledger_.Flush();
-  EXPECT_EQ(Stored("r"), 105);
+  EXPECT_EQ(Stored("r"), 5000000005);
   EXPECT_EQ(index_.Visit("acme", "r", 0)->url, "http://x/new");
   EXPECT_FALSE(index_.Visit("acme", "s", 1));
 }
@@ -91,13 +91,6 @@ TEST_F(HitLedgerTest, ALinkAddedAnewDoesNotInheritHits) {
   ledger_.Flush();
   EXPECT_EQ(Stored("r"), 0);
   EXPECT_EQ(added.id, 3) << "ids are not given twice";
-}
-
-TEST_F(HitLedgerTest, CountsBeyondThirtyTwoBits) {
-  other_.Execute("UPDATE links SET hits = 5000000000");
-  Hit("r", 1);
-  ledger_.Flush();
-  EXPECT_EQ(Stored("r"), 5000000001);
 }
 
 TEST_F(HitLedgerTest, FindsALinkByItsRawTextBeforeItsDecodedOne) {

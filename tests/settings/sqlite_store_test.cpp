@@ -8,6 +8,7 @@
 
 #include "settings/value_text.h"
 #include "tests/support/file_size_limit.h"
+#include "tests/support/table.h"
 #include "tests/support/temp_folder.h"
 
 namespace tallyo {
@@ -61,18 +62,11 @@ TEST_F(SqliteStoreTest, KeepsAnyBytesOfAnyType) {
   }
 }
 
-TEST_F(SqliteStoreTest, WritesIntoExistingKeysOnly) {
-  EXPECT_FALSE(store_.Write(kHive, "Key", "name", StringValue("x")));
-  EXPECT_FALSE(store_.KeyExists(kHive, "Key"));
-  store_.CreateKey(kHive, "Key");
-  EXPECT_TRUE(store_.KeyExists(kHive, "Key"));
-  EXPECT_TRUE(store_.Write(kHive, "Key", "", StringValue("unnamed")));
-  EXPECT_EQ(Get("Key", ""), "unnamed");
-}
-
-TEST_F(SqliteStoreTest, CreatesTheKeysAboveAKey) {
+TEST_F(SqliteStoreTest, WritesIntoExistingKeysOnlyAndCreatesTheKeysAboveAKey) {
+  EXPECT_FALSE(store_.Write(kHive, "A\\B", "name", StringValue("x")));
+  EXPECT_FALSE(store_.KeyExists(kHive, "A\\B"));
   store_.CreateKey(kHive, "A\\B\\C\\");
-  for (const char* key : {"", "A", "A\\B", "A\\B\\", "A\\B\\C"}) {
+  for (const char* key : {"", "A", "A\\B\\", "A\\B\\C"}) {
     EXPECT_TRUE(store_.KeyExists(kHive, key)) << key;
   }
   for (const char* key : {"B", "A\\C", "A\\B\\C\\D", "A\\B\\C\\\\"}) {
@@ -80,14 +74,11 @@ TEST_F(SqliteStoreTest, CreatesTheKeysAboveAKey) {
   }
 }
 
-TEST_F(SqliteStoreTest, KeepsTheFirstSpellingOfKeysAndNames) {
+TEST_F(SqliteStoreTest, KeepsTheFirstSpellingAndIgnoresTheCaseOfAsciiLettersAlone) {
   Set("Soft\\Links", "Name", "1");
   Set("SOFT\\links\\New", "Other", "2");
   Set("soft\\LINKS\\", "NAME", "3");
   EXPECT_EQ(Tree("SOFT"), (Lines{"Soft\\Links|Name|3", "Soft\\Links\\New|Other|2"}));
-}
-
-TEST_F(SqliteStoreTest, IgnoresTheCaseOfAsciiLettersAlone) {
   Set("Key", "\xC3\x84", "upper");
   EXPECT_EQ(Get("KEY", "\xC3\xA4"), "");
   Set("Key", "[", "bracket");
@@ -96,19 +87,17 @@ TEST_F(SqliteStoreTest, IgnoresTheCaseOfAsciiLettersAlone) {
   EXPECT_EQ(Get("Key", "\xE9\xFF"), "no UTF-8");
 }
 
-TEST_F(SqliteStoreTest, HoldsValuesDirectlyUnderTheHive) {
+TEST_F(SqliteStoreTest, HoldsValuesUnderTheHiveAndTakesNoPathForAName) {
   EXPECT_TRUE(store_.Write(kHive, "", "name", StringValue("root")));
   EXPECT_EQ(Get("\\", "NAME"), "root");
   store_.DeleteKey(kHive, "");
-  EXPECT_EQ(Tree(""), (Lines{"|name|root"}));
-}
-
-TEST_F(SqliteStoreTest, TakesNoPathForAValueName) {
+  Set("Last", "v", "forgotten with its key");
+  store_.DeleteKey(kHive, "Last");
+  store_.CreateKey(kHive, "Last");
   Set("A\\B", "PrevCheck", "kept");
-  store_.DeleteValue(kHive, "", "A\\B\\PrevCheck");
-  EXPECT_EQ(Get("A\\B", "PrevCheck"), "kept");
   Set("A", "B\\PrevCheck", "another");
-  EXPECT_EQ(Tree("A"), (Lines{"A|B\\PrevCheck|another", "A\\B|PrevCheck|kept"}));
+  store_.DeleteValue(kHive, "", "A\\B\\PrevCheck");
+  EXPECT_EQ(Tree(""), (Lines{"|name|root", "A|B\\PrevCheck|another", "A\\B|PrevCheck|kept"}));
   store_.DeleteValue(kHive, "a", "b\\prevcheck");
   EXPECT_EQ(Tree("A"), (Lines{"A\\B|PrevCheck|kept"}));
 }
@@ -126,41 +115,28 @@ TEST_F(SqliteStoreTest, HasNoNamesWithNul) {
 
 // What is a key below another one, and what only looks alike.
 TEST_F(SqliteStoreTest, KnowsTheKeysBelowAKey) {
-  const struct {
-    std::string root;
-    Lines below;
-    Lines beside;
-  } cases[] = {
+  const test::Table<std::string, Lines, Lines> cases = {
       {"Links",
        {"Links", "LINKS\\01", "links\\01\\x", "Links\\\xFF"},
        {"Link", "Links 2", "Links]", "Links[", "LinksA", "Linksa", "X\\Links"}},
       {"A%_", {"A%_", "a%_\\x"}, {"A", "Ab", "Abc\\x", "Ab_\\x", "A%"}},
-      {"50", {"50", "50\\%"}, {"5", "500", "50 "}},
-  };
-  for (const auto& c : cases) {
-    for (const Lines& keys : {c.below, c.beside}) {
+      {"50", {"50", "50\\%"}, {"5", "500", "50 "}}};
+  for (const auto& [root, below, beside] : cases) {
+    for (const Lines& keys : {below, beside}) {
       for (const std::string& key : keys) {
         Set(key, "v", "1");
       }
     }
     const std::size_t all = Tree("").size();
-    EXPECT_EQ(Tree(c.root + "\\").size(), c.below.size());
-    store_.DeleteKey(kHive, c.root + "\\");
-    EXPECT_EQ(Tree(c.root), Lines{});
-    EXPECT_EQ(Tree("").size(), all - c.below.size());
-    for (const std::string& key : c.beside) {
+    EXPECT_EQ(Tree(root + "\\").size(), below.size());
+    store_.DeleteKey(kHive, root + "\\");
+    EXPECT_EQ(Tree(root), Lines{});
+    EXPECT_EQ(Tree("").size(), all - below.size());
+    for (const std::string& key : beside) {
       EXPECT_EQ(Get(key, "v"), "1") << key;
     }
-    EXPECT_FALSE(store_.KeyExists(kHive, c.root));
+    EXPECT_FALSE(store_.KeyExists(kHive, root));
   }
-}
-
-TEST_F(SqliteStoreTest, ForgetsTheValuesOfADeletedKey) {
-  Set("A\\B", "v", "1");
-  store_.DeleteKey(kHive, "A\\B");
-  EXPECT_TRUE(store_.KeyExists(kHive, "A"));
-  store_.CreateKey(kHive, "A\\B");
-  EXPECT_EQ(Get("A\\B", "v"), "");
 }
 
 TEST_F(SqliteStoreTest, UndoesAChangeThatThrows) {

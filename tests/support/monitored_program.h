@@ -73,12 +73,15 @@ class MonitoredProgram : public TestProgram {
     };
   }
 
-  // Of each link "name|counter|change " in one text.
-  [[nodiscard]] std::string Rows() {
+  // Of each link its name and these columns, "name|counter|change ", in one text.
+  [[nodiscard]] std::string Rows(std::initializer_list<int> columns = {1, 2}) {
     std::string rows;
     for (int row = 1; row <= Form().ListView1.RowCount(); ++row) {
-      rows += Form().ListView1.RowText(row) + "|" + Form().ListView1.Value(row, 1) + "|" +
-              Form().ListView1.Value(row, 2) + " ";
+      rows += Form().ListView1.RowText(row);
+      for (const int column : columns) {
+        rows += "|" + Form().ListView1.Value(row, column);
+      }
+      rows += " ";
     }
     return rows;
   }

@@ -7,6 +7,7 @@
 #include <sys/socket.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <system_error>
@@ -22,27 +23,6 @@ int Checked(int result) {
   return result;
 }
 
-// The socket interface knows addresses of every kind by this type only.
-sockaddr* Generic(sockaddr_in& address) { return reinterpret_cast<sockaddr*>(&address); }
-
-int Listen() {
-  const int listener =
-      Checked(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, IPPROTO_TCP));
-  sockaddr_in address{};
-  address.sin_family = AF_INET;
-  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  Checked(::bind(listener, Generic(address), sizeof address));
-  Checked(::listen(listener, SOMAXCONN));
-  return listener;
-}
-
-std::uint16_t PortOf(int listener) {
-  sockaddr_in address{};
-  socklen_t size = sizeof address;
-  Checked(::getsockname(listener, Generic(address), &size));
-  return ntohs(address.sin_port);
-}
-
 std::string FirstLineOf(const std::string& head) { return head.substr(0, head.find("\r\n")); }
 
 // A raw target may hold blanks itself.
@@ -55,8 +35,17 @@ std::string TargetOf(const std::string& head) {
 }  // namespace
 
 ScriptedServer::ScriptedServer() : wake_(Checked(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC))) {
-  listener_.emplace(Listen());
-  port_ = PortOf(listener_->Number());
+  listener_.emplace(Checked(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0)));
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t size = sizeof address;
+  // The socket interface knows addresses of every kind by this type only.
+  auto* const generic = reinterpret_cast<sockaddr*>(&address);
+  Checked(::bind(listener_->Number(), generic, size));
+  Checked(::listen(listener_->Number(), SOMAXCONN));
+  Checked(::getsockname(listener_->Number(), generic, &size));
+  port_ = ntohs(address.sin_port);
   thread_ = std::thread([this] { Run(); });
 }
 
@@ -69,45 +58,39 @@ ScriptedServer::~ScriptedServer() {
   thread_.join();
 }
 
-std::string ScriptedServer::HostAndPort() const { return "127.0.0.1:" + std::to_string(port_); }
-
-std::string ScriptedServer::Url(std::string_view path) const {
-  return "http://" + HostAndPort() + std::string(path);
+ScriptedServer::RawAnswer ScriptedServer::Written(const Reply& reply) {
+  const bool hasBody = reply.status != 204 && reply.status != 304;
+  std::string bytes = "HTTP/1.1 " + std::to_string(reply.status) + " Scripted\r\n";
+  for (const std::string& header : reply.headers) bytes += header + "\r\n";
+  if (hasBody) bytes += "Content-Length: " + std::to_string(reply.body.size()) + "\r\n";
+  return {.bytes = bytes + "\r\n" + (hasBody ? reply.body : "")};
 }
 
-void ScriptedServer::Answer(std::string_view prefix, std::string_view body) {
-  AnswerWith(prefix, {.body = std::string(body)});
-}
-
-void ScriptedServer::AnswerWith(std::string_view prefix, const Reply& reply) {
+void ScriptedServer::Set(std::string_view prefix, RawAnswer answer) {
   const std::lock_guard lock(mutex_);
-  answers_.Always(prefix, Written(reply));
-}
-
-void ScriptedServer::AnswerRaw(std::string_view prefix, std::string_view bytes, Then then) {
-  const std::lock_guard lock(mutex_);
-  answers_.Always(prefix, {.bytes = std::string(bytes), .then = then});
+  answers_[std::string(prefix)].always = std::move(answer);
 }
 
 void ScriptedServer::AnswerEndlessly(std::string_view prefix, std::string_view head,
                                      std::string_view chunk) {
-  const std::lock_guard lock(mutex_);
-  answers_.Always(prefix,
-                  {.bytes = std::string(head), .then = Then::Repeat, .chunk = std::string(chunk)});
+  Set(prefix, {.bytes = std::string(head), .then = Then::Repeat, .chunk = std::string(chunk)});
 }
 
 void ScriptedServer::AnswerOnce(std::string_view prefix, std::string_view body) {
-  AnswerOnceWith(prefix, {.body = std::string(body)});
+  const std::lock_guard lock(mutex_);
+  answers_[std::string(prefix)].once.push_back(Written({.body = std::string(body)}));
 }
 
-void ScriptedServer::AnswerOnceWith(std::string_view prefix, const Reply& reply) {
-  const std::lock_guard lock(mutex_);
-  answers_.Once(prefix, Written(reply));
-}
-
-void ScriptedServer::AnswerOnceRaw(std::string_view prefix, std::string_view bytes, Then then) {
-  const std::lock_guard lock(mutex_);
-  answers_.Once(prefix, {.bytes = std::string(bytes), .then = then});
+ScriptedServer::RawAnswer ScriptedServer::TakeAnswer(std::string_view target) {
+  Answers* best = nullptr;
+  for (auto& [prefix, answers] : answers_) {  // in order, so that a longer match comes later
+    if (target.starts_with(prefix) && (answers.always || !answers.once.empty())) best = &answers;
+  }
+  if (best == nullptr) return Written({.status = 404, .body = "404 Not Found"});
+  if (best->once.empty()) return *best->always;
+  RawAnswer answer = std::move(best->once.front());
+  best->once.pop_front();
+  return answer;
 }
 
 void ScriptedServer::Hold(std::string_view prefix) {
@@ -121,6 +104,11 @@ void ScriptedServer::Release() {
     held_.clear();
   }
   Wake();
+}
+
+bool ScriptedServer::Held(std::string_view target) const {
+  return std::ranges::any_of(held_,
+                             [&](const std::string& prefix) { return target.starts_with(prefix); });
 }
 
 void ScriptedServer::RefuseConnections() {
@@ -153,15 +141,9 @@ bool ScriptedServer::WaitForRequests(std::size_t count) const {
 
 void ScriptedServer::Wake() const { ::eventfd_write(wake_.Number(), 1); }
 
-void ScriptedServer::ClearWake() const {
-  eventfd_t ignored = 0;
-  ::eventfd_read(wake_.Number(), &ignored);
-}
-
 void ScriptedServer::Run() {
   while (true) {
     WaitForEvents();
-    ClearWake();
     const std::lock_guard lock(mutex_);
     if (stopping_) return;
     if (refusing_) {
@@ -180,42 +162,87 @@ void ScriptedServer::WaitForEvents() const {
   std::vector<pollfd> watched = {{.fd = wake_.Number(), .events = POLLIN, .revents = 0}};
   if (listener_) watched.push_back({.fd = listener_->Number(), .events = POLLIN, .revents = 0});
   for (const Client& client : clients_) {
-    const int events = POLLIN | (client.connection.WantsToSend() ? POLLOUT : 0);
+    const bool unsent = client.answer && client.sent < client.answer->bytes.size();
+    const int events = POLLIN | (unsent ? POLLOUT : 0);
     watched.push_back(
-        {.fd = client.connection.Socket(), .events = static_cast<short>(events), .revents = 0});
+        {.fd = client.socket.Number(), .events = static_cast<short>(events), .revents = 0});
   }
   ::poll(watched.data(), watched.size(), -1);
+  eventfd_t ignored = 0;
+  ::eventfd_read(wake_.Number(), &ignored);
 }
 
 void ScriptedServer::Accept() {
-  while (true) {
-    const int socket =
-        ::accept4(listener_->Number(), nullptr, nullptr, SOCK_NONBLOCK | SOCK_CLOEXEC);
-    if (socket < 0) return;
+  constexpr int kFlags = SOCK_NONBLOCK | SOCK_CLOEXEC;
+  int socket = -1;
+  while ((socket = ::accept4(listener_->Number(), nullptr, nullptr, kFlags)) >= 0) {
     clients_.emplace_back(socket);
     ++connections_;
   }
 }
 
-// False where the connection is over.
+// This and what it calls: false where the connection is over.
 bool ScriptedServer::Serve(Client& client) {
-  ScriptedConnection& connection = client.connection;
-  if (!connection.Receive()) return false;
-  if (const auto head = connection.TakeRequest()) {
-    heads_.push_back(*head);
-    client.waiting = TargetOf(*head);
-    changed_.notify_all();
+  if (!Receive(client)) return false;
+  if (!client.target) TakeRequest(client);
+  if (client.target && !client.answer && !Held(*client.target)) {
+    client.answer = TakeAnswer(*client.target);
+    client.sent = 0;
   }
-  if (client.waiting && !Held(*client.waiting)) {
-    connection.Answer(answers_.Take(*client.waiting));
-    client.waiting.reset();
-  }
-  return connection.Send();
+  return !client.answer || Send(client);
 }
 
-bool ScriptedServer::Held(std::string_view target) const {
-  return std::any_of(held_.begin(), held_.end(),
-                     [&](const std::string& prefix) { return target.starts_with(prefix); });
+void ScriptedServer::TakeRequest(Client& client) {
+  constexpr std::string_view kEnd = "\r\n\r\n";
+  const std::size_t end = client.received.find(kEnd);
+  if (end == std::string::npos) return;
+  heads_.push_back(client.received.substr(0, end + kEnd.size()));
+  client.received.erase(0, end + kEnd.size());
+  client.target = TargetOf(heads_.back());
+  changed_.notify_all();
+}
+
+bool ScriptedServer::Receive(Client& client) {
+  std::array<char, 16384> buffer{};
+  while (true) {
+    const ssize_t count = ::recv(client.socket.Number(), buffer.data(), buffer.size(), 0);
+    if (count < 0) return errno == EAGAIN || errno == EINTR;
+    if (count == 0) return false;
+    client.received.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+}
+
+bool ScriptedServer::Send(Client& client) {
+  const std::string_view unsent = std::string_view(client.answer->bytes).substr(client.sent);
+  if (!unsent.empty()) {
+    const ssize_t count =
+        ::send(client.socket.Number(), unsent.data(), unsent.size(), MSG_NOSIGNAL);
+    if (count < 0) return errno == EAGAIN || errno == EINTR;
+    client.sent += static_cast<std::size_t>(count);
+  }
+  return client.sent < client.answer->bytes.size() || Finish(client);
+}
+
+bool ScriptedServer::Finish(Client& client) {
+  const linger hard{.l_onoff = 1, .l_linger = 0};
+  switch (client.answer->then) {
+    case Then::KeepAlive:
+      client.answer.reset();
+      client.target.reset();
+      return true;
+    case Then::Reset:
+      ::setsockopt(client.socket.Number(), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+      return false;
+    case Then::Repeat:
+      client.answer->bytes = client.answer->chunk;
+      client.sent = 0;
+      return true;
+    case Then::Hold:
+      return true;
+    case Then::Close:
+      break;
+  }
+  return false;
 }
 
 }  // namespace tallyo::test

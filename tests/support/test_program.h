@@ -64,6 +64,8 @@ class TestProgram {
   [[nodiscard]] const std::vector<std::filesystem::path>& Opened() {
     return session_->shell.opened;
   }
+  // What the desktop was told about starting the program at logon.
+  [[nodiscard]] const std::vector<bool>& RunAtLogon() { return session_->shell.runAtLogon; }
   [[nodiscard]] SqliteStore& Store() { return session_->store; }
 
   [[nodiscard]] std::string Setting(std::string_view name) {
@@ -114,7 +116,9 @@ class TestProgram {
  private:
   struct RecordingShell final : Shell {
     void Open(const std::filesystem::path& document) override { opened.push_back(document); }
+    void RunAtLogon(bool run) override { runAtLogon.push_back(run); }
     std::vector<std::filesystem::path> opened;
+    std::vector<bool> runAtLogon;
   };
 
   struct Session {

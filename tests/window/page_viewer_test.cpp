@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QTextBrowser>
+#include <fstream>
+
+#include "tests/window/window_under_test.h"
+
+namespace tallyo {
+namespace {
+
+using test::WindowUnderTest;
+
+class PageViewerTest : public testing::Test {
+ protected:
+  void Start() {
+    std::ofstream(test.folder.Path() / "intro.sht") << "<h1>Start here</h1>";
+    test.Start();
+  }
+  [[nodiscard]] std::string Page() {
+    return test.Find<QTextBrowser>("WB1").toPlainText().toStdString();
+  }
+  [[nodiscard]] testing::AssertionResult ComesToShow(const std::string& text) {
+    if (QTest::qWaitFor([&] { return Page().find(text) != std::string::npos; }, 10000)) {
+      return testing::AssertionSuccess();
+    }
+    return testing::AssertionFailure() << "shows " << Page();
+  }
+  void Go(const std::string& address) {
+    test.Form().WB1.Navigate(address);
+    test.Settle();
+  }
+
+  WindowUnderTest test;
+};
+
+TEST_F(PageViewerTest, ShowsTheStartPageAndPagesOfTheService) {
+  Start();
+  EXPECT_EQ(Page(), "Start here");
+  EXPECT_FALSE(test.Find("OpenInBrowser").isEnabled());
+  test.server.AnswerWith("/Tallyo/support.html",
+                         {.headers = {"Content-Type: text/html"},
+                          .body = "<p>Ask <b>us</b><script>alert(1)</script></p>"});
+  test.ClickItem("mnuSupport");
+  EXPECT_TRUE(ComesToShow("Ask us"));
+  EXPECT_EQ(Page().find("alert"), std::string::npos);
+  EXPECT_TRUE(test.Find("OpenInBrowser").isEnabled());
+  test.Click("WebBack");
+  EXPECT_TRUE(ComesToShow("Start here"));
+}
+
+TEST_F(PageViewerTest, ShowsAPlainPageWhereThereIsNothingToShow) {
+  Start();
+  test.server.Hold("/slow");
+  Go(test.server.Url("/slow"));
+  test.Show(screen::kPreferences);  // nothing waits for a page
+  EXPECT_TRUE(test.Find("Picture1_2").isVisible());
+  test.server.RefuseConnections();
+  for (const std::string& address :
+       {test.server.Url("/gone"), std::string("ftp://h/x"), std::string("http://")}) {
+    Go("about:blank");
+    Go(address);
+    EXPECT_TRUE(ComesToShow("This page cannot be shown")) << address;
+    EXPECT_TRUE(ComesToShow(address.substr(0, 6))) << address;
+  }
+}
+
+TEST_F(PageViewerTest, LoadsNoFileFromElsewhere) {
+  const test::TempFolder elsewhere;
+  std::ofstream(elsewhere.Path() / "secret.html") << "secret";
+  std::filesystem::create_symlink(elsewhere.Path() / "secret.html", test.folder.Path() / "l.sht");
+  Start();
+  const std::string outside = (elsewhere.Path() / "secret.html").string();
+  for (const std::string& address :
+       {outside, "file://" + outside, (test.folder.Path() / "l.sht").string(),
+        (test.folder.Path() / ".." / elsewhere.Path().filename() / "secret.html").string()}) {
+    Go(address);
+    EXPECT_TRUE(ComesToShow("outside Tallyo's own folder")) << address;
+  }
+}
+
+TEST_F(PageViewerTest, FollowsRedirectsButNoEndlessOnes) {
+  Start();
+  test.server.AnswerWith("/old", {.status = 302, .headers = {"Location: /new"}, .body = "moved"});
+  test.server.Answer("/new", "new place");
+  test.server.AnswerWith("/loop", {.status = 302, .headers = {"Location: /loop"}, .body = "again"});
+  Go(test.server.Url("/old"));
+  EXPECT_TRUE(ComesToShow("new place"));
+  Go(test.server.Url("/loop"));
+  EXPECT_TRUE(ComesToShow("This page cannot be shown"));
+}
+
+}  // namespace
+}  // namespace tallyo

@@ -8,7 +8,7 @@
 namespace tallyo {
 
 struct TransferRequest {
-  std::string address;      // sent byte for byte as it stands
+  std::string address;           // sent byte for byte as it stands
   int timeoutSeconds = 60;       // for the whole transfer, at least 1
   bool followRedirects = false;  // five at most, never from https to http
 };

@@ -42,10 +42,10 @@ void SavedData::ResetSavedData(int count) {
   });
   try {
     // What a killed session kept would bring the counters back.
-    if (files_.Exists(state_.DataFolder() / "LastRead.now")) {
-      files_.Delete(state_.DataFolder() / "LastRead.now");
+    if (files_.Exists(state_.RecoveryFile())) {
+      files_.Delete(state_.RecoveryFile());
     }
-    files_.Delete(state_.DataFolder() / "LastRead.dat");
+    files_.Delete(state_.SnapshotFile());
   } catch (const RuntimeError&) {
     return;
   }

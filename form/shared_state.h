@@ -19,6 +19,10 @@ struct SharedState {
   bool FieldTyped = false;  // the person has typed into a field of the manage-links screen
 
   [[nodiscard]] std::filesystem::path DataFolder() const { return AppDir / "Data"; }
+
+  // The counters of the last session, and those that the running one keeps in case it is killed.
+  [[nodiscard]] std::filesystem::path SnapshotFile() const { return DataFolder() / "LastRead.dat"; }
+  [[nodiscard]] std::filesystem::path RecoveryFile() const { return DataFolder() / "LastRead.now"; }
 };
 
 }  // namespace tallyo

@@ -13,15 +13,15 @@
 namespace tallyo {
 
 void Snapshot::SaveSnapshot() {
-  Write(File(), Line());
-  if (files_.Exists(RecoveryFile())) {
-    files_.Delete(RecoveryFile());
+  Write(state_.SnapshotFile(), Line());
+  if (files_.Exists(state_.RecoveryFile())) {
+    files_.Delete(state_.RecoveryFile());
   }
 }
 
 void Snapshot::KeepForRecovery() {
   try {
-    Write(RecoveryFile(), Line());
+    Write(state_.RecoveryFile(), Line());
   } catch (const RuntimeError&) {
     return;
   }
@@ -29,13 +29,13 @@ void Snapshot::KeepForRecovery() {
 
 void Snapshot::Recover() {
   try {
-    if (!files_.Exists(RecoveryFile())) {
+    if (!files_.Exists(state_.RecoveryFile())) {
       return;
     }
-    if (!files_.Exists(File())) {
-      Write(File(), files_.Read(RecoveryFile()));
+    if (!files_.Exists(state_.SnapshotFile())) {
+      Write(state_.SnapshotFile(), files_.Read(state_.RecoveryFile()));
     }
-    files_.Delete(RecoveryFile());
+    files_.Delete(state_.RecoveryFile());
   } catch (const RuntimeError&) {
     return;
   }
@@ -68,7 +68,8 @@ void Snapshot::LoadSnapshot() {
 }
 
 void Snapshot::Load() {
-  const std::string content = files_.Read(files_.Exists(File()) ? File() : RecoveryFile());
+  const std::string content = files_.Read(
+      files_.Exists(state_.SnapshotFile()) ? state_.SnapshotFile() : state_.RecoveryFile());
   SnapshotLine line(FirstLine(content));
   LinkFields fields;
   int row = 1;
@@ -83,7 +84,7 @@ void Snapshot::Load() {
 
 void Snapshot::ApplySnapshot() {
   try {
-    if (files_.Exists(File())) {
+    if (files_.Exists(state_.SnapshotFile())) {
       Apply(settings_.IsOn(names::kCountOnce, countOnce_));
     }
     written_.clear();
@@ -93,7 +94,7 @@ void Snapshot::ApplySnapshot() {
 }
 
 void Snapshot::Apply(bool countOnce) {
-  const std::string content = files_.Read(File());
+  const std::string content = files_.Read(state_.SnapshotFile());
   SnapshotLine line(FirstLine(content));
   do {
     const std::optional<SnapshotEntry> entry = line.Next();
@@ -105,7 +106,7 @@ void Snapshot::Apply(bool countOnce) {
       Settle(name, entry->counter);
     }
   } while (!line.UsedUp());
-  files_.Delete(File());
+  files_.Delete(state_.SnapshotFile());
 }
 
 // Measures the first row of a name that has not fallen below its counter of the last session.

@@ -56,10 +56,6 @@ class Snapshot {
   void ApplySnapshot();
 
  private:
-  [[nodiscard]] std::filesystem::path File() const { return state_.DataFolder() / "LastRead.dat"; }
-  [[nodiscard]] std::filesystem::path RecoveryFile() const {
-    return state_.DataFolder() / "LastRead.now";
-  }
   [[nodiscard]] std::string Line() const;
   void Write(const std::filesystem::path& file, std::string_view content);
   void Load();

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #include "text/runtime_error.h"
@@ -39,8 +40,10 @@ std::string Positional(double value, int significantDigits) {
   if (!std::isfinite(value)) {
     throw RuntimeError("overflow: a number without decimal text");
   }
-  if (value == 0) {
-    return "0";
+  // All digits of a whole number below this are significant.
+  constexpr double kExact = 1e7;
+  if (std::fabs(value) < kExact && value == std::trunc(value)) {
+    return std::to_string(static_cast<std::int64_t>(value));
   }
   const auto [digits, exponent] = Split(std::fabs(value), significantDigits);
   std::string text = value < 0 ? "-" : "";

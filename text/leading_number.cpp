@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 
 #include "text/runtime_error.h"
@@ -51,7 +53,26 @@ bool HasWholePart(std::string_view digits) {
   return whole.find_first_not_of('0') != std::string_view::npos;
 }
 
+// Whole numbers that a double holds exactly, which most are.
+std::optional<double> ShortWholeNumber(std::string_view digits) {
+  constexpr std::size_t kExactDigits = 15;
+  if (digits.empty() || digits.size() > kExactDigits) {
+    return std::nullopt;
+  }
+  std::int64_t value = 0;
+  for (const char c : digits) {
+    if (!IsDigit(c)) {
+      return std::nullopt;
+    }
+    value = value * 10 + (c - '0');
+  }
+  return static_cast<double>(value);
+}
+
 double Value(const NumberSpan& span) {
+  if (const std::optional<double> whole = ShortWholeNumber(span.digits)) {
+    return span.negative && *whole != 0 ? -*whole : *whole;
+  }
   double value = 0;
   const auto [end, error] = std::from_chars(
       span.digits.data(), span.digits.data() + span.digits.size(), value, std::chars_format::fixed);
@@ -65,6 +86,9 @@ double Value(const NumberSpan& span) {
 }  // namespace
 
 double LeadingNumber(std::string_view text) {
+  if (const std::optional<double> whole = ShortWholeNumber(text)) {
+    return *whole;
+  }
   const NumberSpan span = FindNumber(text);
   return span.digits.empty() ? 0 : Value(span);
 }

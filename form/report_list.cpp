@@ -1,11 +1,12 @@
 #include "form/report_list.h"
 
+#include <iterator>
+
 #include "text/runtime_error.h"
 
 namespace tallyo {
 namespace {
 
-const std::string kNoValue;
 const std::vector<int> kNoRows;
 
 void Require(bool condition, const char* what) {
@@ -18,7 +19,20 @@ void Require(bool condition, const char* what) {
 
 void ReportList::AddHeading(Heading heading) {
   headings_.push_back(std::move(heading));
+  WidenTo(headings_.size());
   Changed();
+}
+
+void ReportList::WidenTo(std::size_t stride) {
+  if (stride <= stride_) {
+    return;
+  }
+  std::vector<std::string> cells(static_cast<std::size_t>(rowCount_) * stride);
+  for (std::size_t i = 0; i < cells_.size(); ++i) {
+    cells[i / stride_ * stride + i % stride_] = std::move(cells_[i]);
+  }
+  cells_ = std::move(cells);
+  stride_ = stride;
 }
 
 void ReportList::SetHeading(int column, std::string text) {
@@ -34,19 +48,23 @@ void ReportList::RemoveLastHeading() {
 
 void ReportList::InsertRow(int row, std::string text) {
   Require(row >= 1 && row <= RowCount() + 1, "no such row");
-  const bool atEnd = row == RowCount() + 1;
-  if (indexValid_ && atEnd) {
-    index_[text].push_back(row);
+  if (indexValid_ && row == RowCount() + 1) {
+    Group& group = index_[text];
+    group.push_back(row);
+    groupOf_.push_back(&group);
   } else {
     indexValid_ = false;
   }
-  rows_.insert(rows_.begin() + (row - 1), Row{std::move(text), {}});
+  const auto place = std::next(cells_.begin(), static_cast<std::ptrdiff_t>(stride_) * (row - 1));
+  *cells_.insert(place, stride_, std::string()) = std::move(text);
+  ++rowCount_;
   Changed();
 }
 
 void ReportList::RemoveRow(int row) {
-  Require(row >= 1 && row <= RowCount(), "no such row");
-  rows_.erase(rows_.begin() + (row - 1));
+  const auto place = std::next(cells_.begin(), static_cast<std::ptrdiff_t>(CellOf(row, 0)));
+  cells_.erase(place, std::next(place, static_cast<std::ptrdiff_t>(stride_)));
+  --rowCount_;
   indexValid_ = false;
   if (selectedRow_ == row) {
     selectedRow_ = 0;
@@ -57,41 +75,48 @@ void ReportList::RemoveRow(int row) {
 }
 
 void ReportList::ClearRows() {
-  rows_.clear();
+  cells_.clear();
+  rowCount_ = 0;
   index_.clear();
+  groupOf_.clear();
   indexValid_ = true;
   selectedRow_ = 0;
   Changed();
 }
 
 void ReportList::SetRowText(int row, std::string text) {
-  if (Assign(At(row).text, std::move(text))) {
+  if (Assign(cells_[CellOf(row, 0)], std::move(text))) {
     indexValid_ = false;
   }
 }
 
 const std::string& ReportList::Value(int row, int column) const {
-  const Row& found = At(row);
-  Require(column >= 1 && static_cast<std::size_t>(column) < headings_.size(), "no such column");
-  const auto at = static_cast<std::size_t>(column) - 1;
-  return at < found.values.size() ? found.values[at] : kNoValue;
+  Require(column >= 1, "no such column");
+  return cells_[CellOf(row, column)];
 }
 
-void ReportList::SetValue(int row, int column, std::string value) {
-  Row& found = At(row);
-  Require(column >= 1 && static_cast<std::size_t>(column) < headings_.size(), "no such column");
-  if (found.values.size() < static_cast<std::size_t>(column)) {
-    found.values.resize(static_cast<std::size_t>(column));
+void ReportList::SetValue(int row, int column, std::string_view value) {
+  Require(column >= 1, "no such column");
+  std::string& cell = cells_[CellOf(row, column)];
+  if (cell != value) {
+    cell = value;
+    Changed();
   }
-  Assign(found.values[static_cast<std::size_t>(column) - 1], std::move(value));
 }
 
 const std::vector<int>& ReportList::RowsNamed(std::string_view text) const {
   if (!indexValid_) {
     BuildIndex();
   }
+  if (nextAsked_ < groupOf_.size() && cells_[nextAsked_ * stride_] == text) {
+    return *groupOf_[nextAsked_++];
+  }
   const auto found = index_.find(text);
-  return found == index_.end() ? kNoRows : found->second;
+  if (found == index_.end()) {
+    return kNoRows;
+  }
+  nextAsked_ = static_cast<std::size_t>(found->second.front());
+  return found->second;
 }
 
 void ReportList::Select(int row) {
@@ -106,20 +131,21 @@ void ReportList::ItemClick(int row) const {
   }
 }
 
-const ReportList::Row& ReportList::At(int row) const {
+// Column 0 is the row's own text.
+std::size_t ReportList::CellOf(int row, int column) const {
   Require(row >= 1 && row <= RowCount(), "no such row");
-  return rows_[static_cast<std::size_t>(row) - 1];
-}
-
-ReportList::Row& ReportList::At(int row) {
-  Require(row >= 1 && row <= RowCount(), "no such row");
-  return rows_[static_cast<std::size_t>(row) - 1];
+  Require(column == 0 || (column > 0 && static_cast<std::size_t>(column) < headings_.size()),
+          "no such column");
+  return (static_cast<std::size_t>(row) - 1) * stride_ + static_cast<std::size_t>(column);
 }
 
 void ReportList::BuildIndex() const {
   index_.clear();
-  for (std::size_t i = 0; i < rows_.size(); ++i) {
-    index_[rows_[i].text].push_back(static_cast<int>(i) + 1);
+  groupOf_.clear();
+  for (int row = 1; row <= RowCount(); ++row) {
+    Group& group = index_[RowText(row)];
+    group.push_back(row);
+    groupOf_.push_back(&group);
   }
   indexValid_ = true;
 }

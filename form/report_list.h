@@ -29,22 +29,22 @@ class ReportList : public Control {
   void SetHeading(int column, std::string text);
   void RemoveLastHeading();
 
-  [[nodiscard]] int RowCount() const { return static_cast<int>(rows_.size()); }
+  [[nodiscard]] int RowCount() const { return rowCount_; }
   void AddRow(std::string text) { InsertRow(RowCount() + 1, std::move(text)); }
   void InsertRow(int row, std::string text);
   void RemoveRow(int row);
   void ClearRows();
 
-  [[nodiscard]] const std::string& RowText(int row) const { return At(row).text; }
+  [[nodiscard]] const std::string& RowText(int row) const { return cells_[CellOf(row, 0)]; }
   void SetRowText(int row, std::string text);
 
   // "" where nothing was set.
   [[nodiscard]] const std::string& Value(int row, int column) const;
-  void SetValue(int row, int column, std::string value);
+  void SetValue(int row, int column, std::string_view value);
 
   // The rows with exactly this text, in list order. Costs no walk through the list as long as no
-  // row was renamed, inserted before another or removed since the last question. The reference
-  // lives until the list changes.
+  // row was renamed, inserted before another or removed since the last question, and next to
+  // nothing for the row behind the one asked for last. The reference lives until the list changes.
   [[nodiscard]] const std::vector<int>& RowsNamed(std::string_view text) const;
 
   // 0: none.
@@ -55,10 +55,7 @@ class ReportList : public Control {
   void ItemClick(int row) const;
 
  private:
-  struct Row {
-    std::string text;
-    std::vector<std::string> values;
-  };
+  using Group = std::vector<int>;  // the rows of one text, in list order
   struct TextHash {
     using is_transparent = void;
     std::size_t operator()(std::string_view text) const {
@@ -66,15 +63,21 @@ class ReportList : public Control {
     }
   };
 
-  [[nodiscard]] const Row& At(int row) const;
-  [[nodiscard]] Row& At(int row);
+  [[nodiscard]] std::size_t CellOf(int row, int column) const;
+  void WidenTo(std::size_t stride);
   void BuildIndex() const;
 
   std::vector<Heading> headings_;
-  std::vector<Row> rows_;
+  // Row by row, stride_ cells each: the row's text and its values. A removed column keeps its
+  // cells.
+  std::vector<std::string> cells_;
+  std::size_t stride_ = 1;
+  int rowCount_ = 0;
   int selectedRow_ = 0;
   mutable bool indexValid_ = true;
-  mutable std::unordered_map<std::string, std::vector<int>, TextHash, std::equal_to<>> index_;
+  mutable std::unordered_map<std::string, Group, TextHash, std::equal_to<>> index_;
+  mutable std::vector<const Group*> groupOf_;  // by row
+  mutable std::size_t nextAsked_ = 0;          // the row behind the one that was asked for last
 };
 
 }  // namespace tallyo

@@ -116,7 +116,11 @@ class CurlTransfer::Flight {
 
 void CurlTransfer::CloseMulti::operator()(void* multi) const { curl_multi_cleanup(multi); }
 
-CurlTransfer::CurlTransfer(std::string userAgent) : userAgent_(std::move(userAgent)) {
+CurlTransfer::CurlTransfer(std::string userAgent) : userAgent_(std::move(userAgent)) {}
+
+// With the first transfer: most runs of the console make none.
+void CurlTransfer::SetUp() {
+  if (multi_) return;
   SetUpCurlOnce();
   multi_.reset(curl_multi_init());
   if (!multi_) throw std::bad_alloc();
@@ -125,6 +129,7 @@ CurlTransfer::CurlTransfer(std::string userAgent) : userAgent_(std::move(userAge
 std::string CurlTransfer::Get(const TransferRequest& request, EventPump& pump) {
   if (inFlight_) throw TransportFailure(Reason::Busy, "another document is being fetched");
   RequestAddress address(request.address);
+  SetUp();
   const Flight flight(*this, request.timeoutSeconds);
   for (int redirects = 0;; ++redirects) {
     CurlHop hop(address, userAgent_, flight.Limits());

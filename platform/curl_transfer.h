@@ -32,6 +32,8 @@ class CurlTransfer : public HttpTransfer {
     void operator()(void* multi) const;
   };
 
+  void SetUp();
+
   std::string userAgent_;
   std::unique_ptr<void, CloseMulti> multi_;  // keeps the connections
   bool inFlight_ = false;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tallyo {
 
@@ -33,6 +35,17 @@ class Files {
   // The work file may remain where this fails.
   virtual void Replace(const std::filesystem::path& file, std::string_view content,
                        const std::filesystem::path& workFile) = 0;
+
+  struct Replacement {
+    std::filesystem::path file;
+    std::string content;
+    std::filesystem::path workFile;
+  };
+
+  // Replaces several files, each as Replace does with a work file of its own, but waits for the
+  // disk once for all of them. One that fails keeps none of the others from being replaced. Which
+  // were.
+  virtual std::vector<bool> ReplaceAll(std::span<const Replacement> replacements);
 
   // Deletes a file that must be there.
   virtual void Delete(const std::filesystem::path& file) = 0;

@@ -4,27 +4,24 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
-#include <cstdio>
+#include <map>
+#include <memory>
 #include <system_error>
 
 #include "platform/file_descriptor.h"
-#include "text/runtime_error.h"
+#include "platform/file_failure.h"
+#include "platform/shared_folder.h"
+#include "platform/work_file.h"
 
 namespace tallyo {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t kFileMode = 0644;
 constexpr mode_t kFolderMode = 0755;
-
-[[noreturn]] void Fail(const char* action, const fs::path& path, int error) {
-  throw RuntimeError(std::string(action) + " " + path.c_str() + ": " +
-                     std::generic_category().message(error));
-}
 
 // The system would cut a path at a NUL byte and take another file.
 bool HoldsNul(const fs::path& path) { return path.native().find('\0') != std::string::npos; }
@@ -35,50 +32,27 @@ bool CanNameFile(const fs::path& file) {
 
 void RequireFileName(const char* action, const fs::path& file) {
   if (!CanNameFile(file)) {
-    Fail(action, file, ENOENT);
+    FailWith(action, file, ENOENT);
   }
 }
 
-// Without waiting for the other end of a FIFO.
-int Open(const fs::path& file, int flags) {
-  return ::open(file.c_str(), flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, kFileMode);
-}
-
-void RequireRegularFile(const char* action, const fs::path& file,
-                        const FileDescriptor& descriptor) {
+// It may have grown by the time it is read; 0 where nobody knows.
+std::size_t SizeNow(const FileDescriptor& descriptor) {
   struct stat status {};
-  if (!descriptor.IsOpen() || ::fstat(descriptor.Number(), &status) != 0) {
-    Fail(action, file, errno);
-  }
-  if (!S_ISREG(status.st_mode)) {
-    Fail(action, file, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
-  }
+  return ::fstat(descriptor.Number(), &status) == 0 ? static_cast<std::size_t>(status.st_size) : 0;
 }
 
-void WriteWhole(const fs::path& file, std::string_view content) {
-  const char* const action = "could not write";
-  const FileDescriptor descriptor(Open(file, O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW));
-  RequireRegularFile(action, file, descriptor);
-  while (!content.empty()) {
-    const ssize_t written = ::write(descriptor.Number(), content.data(), content.size());
-    if (written < 0 && errno != EINTR) {
-      Fail(action, file, errno);
-    }
-    if (written > 0) {
-      content.remove_prefix(static_cast<std::size_t>(written));
-    }
-  }
-  if (::fsync(descriptor.Number()) != 0) {
-    Fail(action, file, errno);
-  }
+void RequireFileNames(const fs::path& file, const fs::path& workFile) {
+  RequireFileName("could not write", file);
+  RequireFileName("could not write", workFile);
 }
 
-// Makes a rename in the folder last. File systems that cannot flush folders answer EINVAL.
-void FlushFolder(const fs::path& folder) {
-  const fs::path named = folder.empty() ? fs::path(".") : folder;
-  const FileDescriptor descriptor(::open(named.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!descriptor.IsOpen() || (::fsync(descriptor.Number()) != 0 && errno != EINVAL)) {
-    Fail("could not flush", named, errno);
+bool IsFlushed(const fs::path& folder) {
+  try {
+    FlushFolder(folder);
+    return true;
+  } catch (const RuntimeError&) {
+    return false;
   }
 }
 
@@ -87,62 +61,113 @@ void FlushFolder(const fs::path& folder) {
 void PosixFiles::MakeFolder(const fs::path& folder) {
   const char* const action = "could not make the folder";
   if (HoldsNul(folder)) {
-    Fail(action, folder, ENOENT);
+    FailWith(action, folder, ENOENT);
   }
   if (::mkdir(folder.c_str(), kFolderMode) == 0) {
+    ShareFolder(folder);
     return;
   }
   const int error = errno;
   std::error_code ignored;
   if (error != EEXIST || !fs::is_directory(folder, ignored)) {
-    Fail(action, folder, error);
+    FailWith(action, folder, error);
   }
 }
 
 bool PosixFiles::Exists(const fs::path& file) const {
-  std::error_code ignored;
-  return CanNameFile(file) && fs::is_regular_file(file, ignored);
+  if (!CanNameFile(file)) {
+    return false;
+  }
+  std::error_code failure;
+  const fs::file_status status = fs::status(file, failure);
+  if (status.type() == fs::file_type::none) {  // nobody knows: it may well be there
+    FailWith("could not look for", file, failure.value());
+  }
+  return fs::is_regular_file(status);
 }
 
 std::string PosixFiles::Read(const fs::path& file, std::size_t maxBytes) const {
   const char* const action = "could not read";
   RequireFileName(action, file);
-  const FileDescriptor descriptor(Open(file, O_RDONLY));
+  const FileDescriptor descriptor = OpenAtOnce(file, O_RDONLY);
   RequireRegularFile(action, file, descriptor);
-  std::string content;
-  std::array<char, std::size_t{64} * 1024> buffer{};
+  // A byte more finds the end at once.
+  std::string content(std::min(SizeNow(descriptor), maxBytes) + 1, '\0');
+  std::size_t filled = 0;
   for (;;) {
-    const ssize_t count = ::read(descriptor.Number(), buffer.data(), buffer.size());
+    const ssize_t count =
+        ::read(descriptor.Number(), content.data() + filled, content.size() - filled);
+    if (count < 0 && errno != EINTR) {
+      FailWith(action, file, errno);
+    }
+    filled += count > 0 ? static_cast<std::size_t>(count) : 0;
+    if (filled > maxBytes) {
+      FailWith(action, file, EFBIG);
+    }
     if (count == 0) {
+      content.resize(filled);
       return content;
     }
-    if (count < 0 && errno != EINTR) {
-      Fail(action, file, errno);
-    }
-    if (count > 0) {
-      content.append(buffer.data(), static_cast<std::size_t>(count));
-      if (content.size() > maxBytes) {
-        Fail(action, file, EFBIG);
-      }
+    if (filled == content.size()) {
+      content.resize(2 * filled);
     }
   }
 }
 
 void PosixFiles::Replace(const fs::path& file, std::string_view content, const fs::path& workFile) {
-  RequireFileName("could not write", file);
-  RequireFileName("could not write", workFile);
-  WriteWhole(workFile, content);
-  if (std::rename(workFile.c_str(), file.c_str()) != 0) {
-    Fail("could not replace", file, errno);
-  }
+  RequireFileNames(file, workFile);
+  const WorkFile work(workFile, content);
+  work.Flush();
+  work.RenameTo(file);
   FlushFolder(file.parent_path());
+}
+
+// Each step is done for all files before the next one: by the first wait everything is on its way
+// to the disk, and the later waits find most of it there.
+std::vector<bool> PosixFiles::ReplaceAll(std::span<const Replacement> replacements) {
+  std::vector<std::unique_ptr<WorkFile>> works(replacements.size());
+  // Drops the files that a step fails with.
+  const auto forAll = [&](const auto& step) {
+    for (std::size_t i = 0; i < works.size(); ++i) {
+      try {
+        step(works[i], replacements[i]);
+      } catch (const RuntimeError&) {
+        works[i].reset();
+      }
+    }
+  };
+  forAll([](std::unique_ptr<WorkFile>& work, const Replacement& wanted) {
+    RequireFileNames(wanted.file, wanted.workFile);
+    work = std::make_unique<WorkFile>(wanted.workFile, wanted.content);
+    work->BeginFlush();
+  });
+  forAll([](const std::unique_ptr<WorkFile>& work, const Replacement& /*wanted*/) {
+    if (work) {
+      work->Flush();
+    }
+  });
+  std::map<fs::path, bool> folders;  // and whether their renames last
+  forAll([&](const std::unique_ptr<WorkFile>& work, const Replacement& wanted) {
+    if (work) {
+      work->RenameTo(wanted.file);
+      folders[wanted.file.parent_path()] = false;
+    }
+  });
+  for (auto& [folder, lasts] : folders) {
+    lasts = IsFlushed(folder);
+  }
+  std::vector<bool> done(works.size());
+  for (std::size_t i = 0; i < works.size(); ++i) {
+    done[i] = works[i] && folders[replacements[i].file.parent_path()];
+  }
+  return done;
 }
 
 void PosixFiles::Delete(const fs::path& file) {
   const char* const action = "could not delete";
   RequireFileName(action, file);
   if (::unlink(file.c_str()) != 0) {
-    Fail(action, file, errno);
+    FailWith(action, file, errno);
   }
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -22,9 +24,12 @@ class PosixFiles final : public Files {
   [[nodiscard]] std::string Read(const std::filesystem::path& file,
                                  std::size_t maxBytes) const override;
 
-  // New files are made with mode 0644, less the umask of the process.
+  // New files are made with mode 0644, less the umask of the process, and with the permissions that
+  // their folder wants (platform/shared_folder.h).
   void Replace(const std::filesystem::path& file, std::string_view content,
                const std::filesystem::path& workFile) override;
+
+  std::vector<bool> ReplaceAll(std::span<const Replacement> replacements) override;
 
   void Delete(const std::filesystem::path& file) override;
 };

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <system_error>
 
+#include "platform/shared_folder.h"
+
 namespace tallyo {
 namespace {
 
@@ -17,7 +19,9 @@ constexpr mode_t kLockMode = 0644;
 ProcessLock::ProcessLock(const std::filesystem::path& appDir) {
   const std::filesystem::path folder = appDir / "Data";
   std::error_code failure;
-  std::filesystem::create_directories(folder, failure);
+  if (std::filesystem::create_directories(folder, failure)) {
+    ShareFolder(folder);
+  }
   if (failure) {
     return;
   }
@@ -26,6 +30,7 @@ ProcessLock::ProcessLock(const std::filesystem::path& appDir) {
   if (file_ < 0) {
     return;
   }
+  ShareFile(file_, folder / ".lock");
   if (::flock(file_, LOCK_EX | LOCK_NB) == 0) {
     outcome_ = Outcome::Taken;
   } else if (errno == EWOULDBLOCK) {

@@ -4,11 +4,9 @@
 #include <ctime>
 
 namespace tallyo {
+namespace {
 
-LocalTime SystemClock::Now() const {
-  const auto now = std::chrono::system_clock::now();
-  const auto wholeSecond = std::chrono::floor<std::chrono::seconds>(now);
-  const std::time_t moment = std::chrono::system_clock::to_time_t(wholeSecond);
+LocalTime ReadSecond(std::time_t moment) {
   // localtime_r alone need not look at TZ.
   ::tzset();
   std::tm fields{};
@@ -21,9 +19,22 @@ LocalTime SystemClock::Now() const {
   time.hour = fields.tm_hour;
   time.minute = fields.tm_min;
   time.second = fields.tm_sec;
-  const std::chrono::duration<double> fraction = now - wholeSecond;
-  const int seconds = (fields.tm_hour * 60 + fields.tm_min) * 60 + fields.tm_sec;
-  time.secondsSinceMidnight = seconds + fraction.count();
+  time.secondsSinceMidnight = (fields.tm_hour * 60 + fields.tm_min) * 60 + fields.tm_sec;
+  return time;
+}
+
+}  // namespace
+
+LocalTime SystemClock::Now() const {
+  const auto now = std::chrono::system_clock::now();
+  const auto wholeSecond = std::chrono::floor<std::chrono::seconds>(now);
+  const std::time_t moment = std::chrono::system_clock::to_time_t(wholeSecond);
+  if (moment != readAt_) {
+    second_ = ReadSecond(moment);
+    readAt_ = moment;
+  }
+  LocalTime time = second_;
+  time.secondsSinceMidnight += std::chrono::duration<double>(now - wholeSecond).count();
   return time;
 }
 

@@ -1,13 +1,22 @@
 #pragma once
 
+#include <ctime>
+#include <optional>
+
 #include "platform/clock.h"
 
 namespace tallyo {
 
-// The machine's clock in the time zone of the machine, or of TZ where that is set.
+// The machine's clock in the time zone of the machine, or of TZ where that is set; a change of
+// either shows with the next second. All calls come from one thread.
 class SystemClock final : public Clock {
  public:
   [[nodiscard]] LocalTime Now() const override;
+
+ private:
+  // The last second that was read: what asks often asks often within one.
+  mutable LocalTime second_;
+  mutable std::optional<std::time_t> readAt_;
 };
 
 }  // namespace tallyo

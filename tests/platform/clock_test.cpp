@@ -17,13 +17,12 @@ double UtcSeconds() {
 TEST(SystemClock, ReadsOneMomentOfTheLocalTimeOfTheZoneThatIsSet) {
   const char* const before = std::getenv("TZ");
   const std::string zoneBefore = before != nullptr ? before : "";
-  const SystemClock clock;
   const test::Table<const char*, double> cases = {
       {"UTC0", 0}, {"AAA-14", 14 * 3600}, {"BBB12", -12 * 3600}, {"CCC-5:45", 20700}};
   for (const auto& [zone, aheadSeconds] : cases) {
     ::setenv("TZ", zone, 1);
     const double earliest = UtcSeconds() - 1e-3;
-    const LocalTime time = clock.Now();
+    const LocalTime time = SystemClock().Now();
     const std::chrono::sys_days day{time.date};
     const double read = static_cast<double>(day.time_since_epoch().count()) * 86400 +
                         time.secondsSinceMidnight - aheadSeconds;

@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "tests/support/file_size_limit.h"
 #include "tests/support/temp_folder.h"
@@ -68,6 +69,21 @@ TEST_F(PosixFilesTest, LeavesTheOldFileWhereTheNewOneCannotBeWritten) {
   fs::create_symlink(At("file"), At("tmp"));
   EXPECT_THROW(Replace("other", "x"), RuntimeError);
   EXPECT_EQ(Read("file"), "old");
+}
+
+TEST_F(PosixFilesTest, ReplacesSeveralFilesWhateverBecomesOfTheOthers) {
+  Replace("a", "old");
+  fs::create_directory(At("folder"));
+  const std::vector<bool> done = files_.ReplaceAll({{{At("a"), "new a", At("tmp")},
+                                                     {At("missing/b"), "b", At("tmp-1")},
+                                                     {At("c"), "c", At("missing/tmp-2")},
+                                                     {At("folder"), "d", At("tmp-3")},
+                                                     {At("e"), "", At("tmp-4")}}});
+  EXPECT_THAT(done, testing::ElementsAre(true, false, false, false, true));
+  EXPECT_EQ(Read("a") + "|" + Read("e"), "new a|");
+  EXPECT_FALSE(files_.Exists(At("c")));
+  EXPECT_FALSE(files_.Exists(At("tmp")));
+  EXPECT_THAT(files_.ReplaceAll({}), testing::IsEmpty());
 }
 
 TEST_F(PosixFilesTest, ReadsAndReplacesRegularFilesAlone) {

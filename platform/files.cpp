@@ -1,7 +1,9 @@
+#include "platform/files.h"
+
 #include <algorithm>
 #include <cstddef>
 
-#include "platform/files.h"
+#include "text/runtime_error.h"
 
 namespace tallyo {
 namespace {
@@ -18,6 +20,19 @@ bool IsNameByte(char c) {
 bool IsFileName(std::string_view name) {
   return !name.empty() && name != "." && name != ".." && name.size() <= kLongestNameBytes &&
          std::all_of(name.begin(), name.end(), IsNameByte);
+}
+
+std::vector<bool> Files::ReplaceAll(std::span<const Replacement> replacements) {
+  std::vector<bool> done;
+  for (const Replacement& wanted : replacements) {
+    try {
+      Replace(wanted.file, wanted.content, wanted.workFile);
+      done.push_back(true);
+    } catch (const RuntimeError&) {
+      done.push_back(false);
+    }
+  }
+  return done;
 }
 
 }  // namespace tallyo

@@ -67,6 +67,12 @@ class SettingsStore {
 
   [[nodiscard]] virtual StoreStamp Stamp() = 0;
 
+  // A stamp that may also stay equal where only keys outside of keyPath, and above it, have
+  // changed.
+  [[nodiscard]] virtual StoreStamp StampBelow(Hive /*hive*/, std::string_view /*keyPath*/) {
+    return Stamp();
+  }
+
   // Runs the work as one change: another program sees all of it or nothing, and what the work reads
   // cannot change under it. Called inside another one it joins that. What the work throws passes
   // through, and the change is undone.

@@ -1,11 +1,14 @@
 #include "settings/sqlite_opening.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 
 #include <string_view>
 #include <system_error>
 #include <utility>
 
+#include "platform/file_descriptor.h"
+#include "platform/shared_folder.h"
 #include "settings/sqlite_copy.h"
 #include "settings/sqlite_schema.h"
 #include "text/runtime_error.h"
@@ -14,6 +17,8 @@ namespace tallyo {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr mode_t kFileMode = 0644;
 
 // The file is nothing that this program may read, let alone write.
 class Unusable : public RuntimeError {
@@ -117,7 +122,17 @@ void MakeTables(sqlite3& database) {
   ExecuteSqlite(database, "COMMIT");
 }
 
+// SQLite would make a file that its maker alone may write, and gives its other files the
+// permissions of this one.
+void MakeFileForItsFolder(const fs::path& file) {
+  const FileDescriptor made(::open(file.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kFileMode));
+  if (made.IsOpen()) {
+    ShareFile(made.Number(), file);
+  }
+}
+
 SqliteConnection OpenForWriting(const fs::path& file) {
+  MakeFileForItsFolder(file);
   SqliteConnection connection =
       ConnectSqlite(file.string(), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   // Asked before the first read, which would make files beside a file that is read-only.

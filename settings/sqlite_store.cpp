@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "settings/key_range.h"
 #include "settings/sqlite_queries.h"
 #include "settings/sqlite_statement.h"
 #include "text/runtime_error.h"
@@ -24,26 +25,6 @@ std::string_view WithoutLastSeparator(std::string_view keyPath) {
 bool HoldsNul(std::string_view text) { return text.find('\0') != std::string_view::npos; }
 
 std::int64_t NumberOf(Hive hive) { return static_cast<std::int64_t>(hive); }
-
-// Binds a key and the keys below it.
-class KeyRange {
- public:
-  explicit KeyRange(std::string_view path) : path_(path), below_(path_ + "\\"), end_(path_ + "]") {}
-
-  void Bind(SqliteRun& run, Hive hive) const {
-    run.BindNumber(NumberOf(hive)).BindText(path_);
-    if (path_.empty()) {
-      run.BindText("").BindBlob("");  // all texts: every blob follows every text
-    } else {
-      run.BindText(below_).BindText(end_);
-    }
-  }
-
- private:
-  std::string path_;
-  std::string below_;
-  std::string end_;
-};
 
 }  // namespace
 
@@ -73,6 +54,7 @@ void SqliteStore::CreateKey(Hive hive, std::string_view keyPath) {
 
 // Each key keeps the spelling it was first written with, also in the paths of new keys below it.
 void SqliteStore::InsertWithParents(Hive hive, std::string_view path) {
+  watched_.NoteChange(hive, path);
   std::string spelled;
   for (std::size_t start = 0; start <= path.size();) {
     const std::size_t end = std::min(path.find('\\', start), path.size());
@@ -94,6 +76,7 @@ std::optional<std::string> SqliteStore::SpellingOf(Hive hive, std::string_view p
   }
   SqliteRun run(queries_->findKey);
   if (!run.BindNumber(NumberOf(hive)).BindText(path).NextRow()) {
+    NoteIfFailed(run);
     return std::nullopt;
   }
   return run.Bytes(0);
@@ -112,6 +95,7 @@ std::optional<TypedValue> SqliteStore::Read(Hive hive, std::string_view keyPath,
   }
   SqliteRun run(queries_->readValue);
   if (!run.BindNumber(NumberOf(hive)).BindText(path).BindText(valueName).NextRow()) {
+    NoteIfFailed(run);
     return std::nullopt;
   }
   return TypedValue{static_cast<std::uint32_t>(run.Number(0)), run.Bytes(1)};
@@ -126,6 +110,7 @@ bool SqliteStore::Write(Hive hive, std::string_view keyPath, std::string_view va
   if (path.empty() && !SpellingOf(hive, path)) {
     InsertWithParents(hive, path);
   }
+  watched_.NoteChange(hive, path);
   SqliteRun run(queries_->writeValue);
   run.BindText(valueName).BindNumber(value.type).BindBlob(value.data);
   run.BindNumber(NumberOf(hive)).BindText(path);
@@ -137,6 +122,7 @@ void SqliteStore::DeleteKey(Hive hive, std::string_view keyPath) {
   if (path.empty() || !MayWrite() || HoldsNul(path)) {
     return;
   }
+  watched_.NoteTreeChange(hive, path);
   AsOneChange([&] {
     const KeyRange range(path);
     for (const SqliteStatement* statement :
@@ -153,6 +139,7 @@ void SqliteStore::DeleteKey(Hive hive, std::string_view keyPath) {
 void SqliteStore::DeleteValue(Hive hive, std::string_view keyPath, std::string_view valueName) {
   const std::string_view path = WithoutLastSeparator(keyPath);
   if (MayWrite() && !HoldsNul(path) && !HoldsNul(valueName)) {
+    watched_.NoteChange(hive, path);
     SqliteRun run(queries_->deleteValue);
     run.BindNumber(NumberOf(hive)).BindText(path).BindText(valueName);
     Change(run);
@@ -173,6 +160,7 @@ std::vector<StoredValue> SqliteStore::ReadTree(Hive hive, std::string_view keyPa
         {run.Bytes(0), run.Bytes(1), {static_cast<std::uint32_t>(run.Number(2)), run.Bytes(3)}});
   }
   if (run.Failed()) {
+    NoteIfFailed(run);
     values.clear();
   }
   return values;
@@ -189,13 +177,30 @@ StoreStamp SqliteStore::Stamp() {
   return {run.Number(0), ownChanges_};
 }
 
+StoreStamp SqliteStore::StampBelow(Hive hive, std::string_view keyPath) {
+  StoreStamp stamp = Stamp();
+  if (stamp.others != 0) {
+    stamp.own = watched_.ChangesBelow(hive, WithoutLastSeparator(keyPath));
+  }
+  return stamp;
+}
+
+// What could not be read is not missing: no change may be built on it, and no later reader may rely
+// on it.
+void SqliteStore::NoteIfFailed(const SqliteRun& read) {
+  if (read.Failed()) {
+    changeLost_ = inChange_;
+    NoteLostChange();
+  }
+}
+
 // Runs one changing statement; whether it changed anything. A failure loses the whole change that
 // the statement is part of, since SQLite may have undone it.
 bool SqliteStore::Change(SqliteRun& run) {
   const bool done = MayWrite() && run.Finish();
   if (!done) {
     changeLost_ = inChange_;
-    ++ownChanges_;
+    NoteLostChange();
     return false;
   }
   const bool changed = sqlite3_changes(connection_.get()) > 0;
@@ -233,7 +238,7 @@ void SqliteStore::End(bool keep) {
     static_cast<void>(SqliteRun(queries_->rollback).Finish());
   }
   if (!kept && writable_) {
-    ++ownChanges_;
+    NoteLostChange();
   }
   inChange_ = false;
   changeLost_ = false;

@@ -10,6 +10,7 @@
 
 #include "settings/settings_store.h"
 #include "settings/sqlite_opening.h"
+#include "settings/watched_keys.h"
 
 namespace tallyo {
 
@@ -21,8 +22,8 @@ class SqliteRun;
 // cannot be deleted.
 //
 // A change that cannot begin (no right to write, or another program has held the store for over
-// 5 s) or cannot be completed (a full disk) is lost as a whole: its work still runs and reads, and
-// every Write in it from the failure on returns false.
+// 5 s) or cannot be completed (a full disk, a value that cannot be read) is lost as a whole: its
+// work still runs and reads, and every Write in it from the failure on returns false.
 //
 // Read-only, a store that no program had open shows what it held when it was opened.
 class SqliteStore final : public SettingsStore {
@@ -46,6 +47,7 @@ class SqliteStore final : public SettingsStore {
   void DeleteValue(Hive hive, std::string_view keyPath, std::string_view valueName) override;
   [[nodiscard]] std::vector<StoredValue> ReadTree(Hive hive, std::string_view keyPath) override;
   [[nodiscard]] StoreStamp Stamp() override;
+  [[nodiscard]] StoreStamp StampBelow(Hive hive, std::string_view keyPath) override;
   void AsOneChange(const std::function<void()>& work) override;
 
  private:
@@ -53,6 +55,11 @@ class SqliteStore final : public SettingsStore {
   [[nodiscard]] std::optional<std::string> SpellingOf(Hive hive, std::string_view path);
   void InsertWithParents(Hive hive, std::string_view path);
   bool Change(SqliteRun& run);
+  void NoteLostChange() {
+    ++ownChanges_;
+    watched_.NoteAnyChange();
+  }
+  void NoteIfFailed(const SqliteRun& read);
   void Begin();
   void End(bool keep);
 
@@ -63,6 +70,7 @@ class SqliteStore final : public SettingsStore {
   bool inChange_ = false;
   bool changeLost_ = false;
   std::int64_t ownChanges_ = 0;
+  WatchedKeys watched_;
 };
 
 }  // namespace tallyo

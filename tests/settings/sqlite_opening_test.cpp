@@ -212,5 +212,16 @@ TEST_F(SqliteOpening, LetsSeveralProgramsChangeOneStore) {
   EXPECT_EQ(ReadOnly("sum"), std::to_string(kPrograms * kAdditions));
 }
 
+// SQLite gives its log and index the permissions of the database.
+TEST_F(SqliteOpening, LetsAllWriteWhoMayWriteInTheFolder) {
+  fs::permissions(folder_.Path(), fs::perms::all);
+  const SqliteStore store(file_, StoreAccess::ReadWrite);
+  EXPECT_EQ(store.Problem(), "");
+  for (const auto& entry : fs::directory_iterator(folder_.Path())) {
+    EXPECT_EQ(entry.status().permissions(), static_cast<fs::perms>(0666)) << entry.path();
+  }
+  EXPECT_EQ(Listing().size(), 3U);
+}
+
 }  // namespace
 }  // namespace tallyo

@@ -184,6 +184,27 @@ TEST_F(SqliteStoreTest, LosesAChangeAsAWholeWhereTheDiskIsFull) {
   EXPECT_EQ(Get("Key", "v"), "new");
 }
 
+TEST_F(SqliteStoreTest, StampsWhatMayHaveChangedBelowAKey) {
+  SqliteStore other(file_, StoreAccess::ReadWrite);
+  store_.CreateKey(kHive, "A\\Records\\01");
+  store_.CreateKey(kHive, "A\\RecordsToo");
+  const auto moved = [&](auto work) {
+    const StoreStamp before = store_.StampBelow(kHive, "A\\Records\\");
+    work();
+    return store_.StampBelow(kHive, "A\\Records\\") != before;
+  };
+  EXPECT_FALSE(moved([&] { Set("A", "v", "1"); }));
+  EXPECT_FALSE(moved([&] { Set("A\\RecordsToo", "v", "1"); }));
+  EXPECT_TRUE(moved([&] { Set("a\\records\\01", "v", "1"); }));
+  EXPECT_TRUE(moved([&] { store_.DeleteValue(kHive, "A\\Records\\01\\", "v"); }));
+  EXPECT_TRUE(moved([&] { store_.CreateKey(kHive, "A\\Records\\02"); }));
+  EXPECT_TRUE(moved([&] { SetSettingValue(other, kHive, "A", "v", "2"); }));
+  EXPECT_TRUE(moved([&] { store_.DeleteKey(kHive, "A"); }));
+  EXPECT_TRUE(moved([&] {
+    EXPECT_THROW(store_.AsOneChange([] { throw std::out_of_range("undone"); }), std::out_of_range);
+  }));
+}
+
 TEST_F(SqliteStoreTest, StampsEveryChangeAndNothingElse) {
   SqliteStore other(file_, StoreAccess::ReadWrite);
   const auto moved = [&](auto work) {

@@ -46,8 +46,7 @@ bool AccountVerification::VerifyAccount() {
 std::string AccountVerification::FetchRecord(const std::string& account) {
   const std::string path = "accounts/" + account + ".txt";
   std::string record = requests_.FetchDocument(requests_.DocumentAddress(path));
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(path.size()), detail::kBytesSession);
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(record.size()), detail::kBytesSession);
+  traffic_.AddExchange(path, record);
   return record;
 }
 

@@ -57,6 +57,9 @@ std::string ConfigurationExport::LinkLines(int item) {
   // Choosing a link fills no size, and what its record leaves empty from the records before it; the
   // file gets the record's own fields.
   const std::string text = links_.RecordOf(found);
+  if (text.empty()) {
+    throw RuntimeError("a link's record cannot be read");
+  }
   const LinkRecord record = SplitRecord(text);
   LinkFields own;
   for (std::size_t i = 0; i < own.size(); ++i) {

@@ -39,7 +39,7 @@ class KeptSettings {
     for (std::size_t i = 0; i < kNames.size(); ++i) {
       if (values_.at(i)) {
         store_.Write(Hive::LocalMachine, names::SettingsKey, kNames.at(i), *values_.at(i));
-      } else {
+      } else if (store_.Read(Hive::LocalMachine, names::SettingsKey, kNames.at(i))) {
         store_.DeleteValue(Hive::LocalMachine, names::SettingsKey, kNames.at(i));
       }
     }
@@ -77,9 +77,8 @@ bool ConfigurationImport::LoadExportFile() {
   } catch (const LoadRefused& refused) {
     failure = refused.what();
   } catch (const RuntimeError&) {
-    failure =
-        "File: " + (state_.AppDir / (form_.Text1[field::kAccount].Text() + ".export")).string() +
-        " not found";
+    failure = "File: " + (state_.AppDir / "").string() + form_.Text1[field::kAccount].Text() +
+              ".export not found";
   }
   boxes_.Show({.text = failure, .title = "", .icon = BoxIcon::Critical});
   return false;
@@ -112,6 +111,8 @@ bool ConfigurationImport::Store(const ExportedConfiguration& configuration) {
   KeptSettings kept(store);
   const auto count = static_cast<int>(configuration.links.size());
   store.AsOneChange([&] {
+    // Where the links of before could not be removed, they must not stay behind the new ones.
+    store.DeleteKey(Hive::LocalMachine, names::MonitorFilesKey);
     SetWhereGiven(settings_, names::kUser, configuration.user);
     SetWhereGiven(settings_, names::kAccount, configuration.account);
     SetWhereGiven(settings_, names::kDefUrl, configuration.defaultUrl);

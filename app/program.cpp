@@ -72,6 +72,7 @@ Program::Program(const ProgramOptions& options, const Machine& machine)
              .serviceInfo = serviceInfo,
              .quit = [this] { Quit(); }}) {
   savedData.OnReset = [this] { importQueue.End(); };
+  registration.BeforeRemoval = [this] { snapshot.KeepBeforeRemoval(); };
   form.Timer1.OnTimer = [this] { scheduler.OnTimerTick(); };
 }
 
@@ -92,6 +93,7 @@ void Program::StartProgram() {
 void Program::MakeFolders() {
   Survives([&] { machine_.files.MakeFolder(state.DataFolder()); });
   Survives([&] { dailyFiles.EnsureYearFolder(); });
+  dailyFiles.ClearWorkFiles();
 }
 
 void Program::CheckLinks() {

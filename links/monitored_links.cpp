@@ -45,15 +45,16 @@ LinkLookup MonitoredLinks::FindMonitoredLink(LinkFields& fields, std::string_vie
 
 std::string MonitoredLinks::RecordOf(const LinkLookup& found) {
   return QuerySettingValue(settings_.Store(), Hive::LocalMachine,
-                           std::string(names::MonitorFilesKey) + found.number, found.number);
+                           std::string(names::MonitorFilesKey) + found.Number(), found.Number());
 }
 
 std::uint16_t MonitoredLinks::CheckMonitoredLinks() {
+  const LinkIndex& index = Index();
   LinkFields fields;
   for (int i = 0; i < form_.Combo1.Count(); ++i) {
     try {
       const std::string& name = form_.Combo1.Items()[static_cast<std::size_t>(i)];
-      if (!FindMonitoredLink(fields, name, FindBy::FriendlyName).found) {
+      if (!index.Find(fields, name, FindBy::FriendlyName).found) {
         return kMismatch;
       }
     } catch (const RuntimeError&) {
@@ -97,7 +98,7 @@ void MonitoredLinks::ShowSlotsLeft() {
 }
 
 const LinkIndex& MonitoredLinks::Index() {
-  const StoreStamp stamp = settings_.Store().Stamp();
+  const StoreStamp stamp = settings_.Store().StampBelow(Hive::LocalMachine, names::MonitorFilesKey);
   if (!indexBuilt_ || stamp != indexStamp_) {
     index_ = LinkIndex(StoredRecords(settings_.Store()));
     indexStamp_ = stamp;

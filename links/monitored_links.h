@@ -23,6 +23,10 @@ class MonitoredLinks {
   // NextLinkIndex at the last record, or behind it where the setting "AppendAfterLast" is on.
   void LoadMonitoredLinks();
 
+  // The records as they stand now, for many lookups in a row that nothing comes between. The
+  // reference lives until the next call of this or of FindMonitoredLink.
+  [[nodiscard]] const LinkIndex& Index();
+
   // Reads the records from 01 upward until one matches. `fields` is the caller's and is left as
   // the walk leaves it. Throws RuntimeError at a record of five or more fields.
   LinkLookup FindMonitoredLink(LinkFields& fields, std::string_view key, FindBy by);
@@ -45,7 +49,6 @@ class MonitoredLinks {
   void ShowSlotsLeft();
 
  private:
-  [[nodiscard]] const LinkIndex& Index();
   void MoveRecord(int from, int to);
 
   MainForm& form_;

@@ -49,6 +49,9 @@ RegistrationAnswer LinkRegistration::UnregisterLinkOnService() {
   const std::string reply = Ask(request, "del", answered);
   const bool done = Holds(reply, "<P>ok");
   if (done) {
+    if (BeforeRemoval) {
+      BeforeRemoval();
+    }
     links_.RemoveMonitoredLink(request.listedName);
     const int item = form_.Combo1.Find(request.listedName);
     if (item < form_.Combo1.Count()) {
@@ -93,8 +96,7 @@ std::string LinkRegistration::Ask(const Request& request, const std::string& ver
   // The counted query carries the friendly name where the sent one carries the reference.
   const std::string counted =
       Query(request.account, verb, request.fields[linkfield::kFriendlyName], link);
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(counted.size()), detail::kBytesSession);
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(reply.size()), detail::kBytesSession);
+  traffic_.AddExchange(counted, reply);
   return reply;
 }
 

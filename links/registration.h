@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "form/main_form.h"
@@ -31,6 +32,9 @@ class LinkRegistration {
 
   RegistrationAnswer RegisterLinkOnService();
   RegistrationAnswer UnregisterLinkOnService();
+
+  // Told before the local list loses a link.
+  std::function<void()> BeforeRemoval;
 
   // No action is pending any more: Submit is disabled, the pending action emptied.
   void EndLinkAction();

@@ -1,8 +1,10 @@
 #include "stats/daily_files.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <tuple>
+#include <unordered_map>
 
 #include "stats/month_days.h"
 #include "text/decimal_text.h"
@@ -25,9 +27,20 @@ std::string_view Part(std::string_view line, std::size_t from,
   return from < line.size() ? line.substr(from, length) : std::string_view();
 }
 
+// The hits of the hour's first line; 0 without one.
+double HitsAt(std::string_view content, std::string_view key) {
+  Lines lines(content);
+  while (const std::optional<std::string_view> line = lines.Next()) {
+    if (Part(*line, 0, kKeyLength) == key) {
+      return LeadingNumber(Part(*line, kKeyLength));
+    }
+  }
+  return 0;
+}
+
 }  // namespace
 
-std::string WithHitsAdded(std::string_view content, std::string_view key, std::int16_t increment) {
+std::string WithHitsAdded(std::string_view content, std::string_view key, double increment) {
   std::string result;
   result.reserve(content.size() + kKeyLength + 8);
   bool found = false;
@@ -44,7 +57,7 @@ std::string WithHitsAdded(std::string_view content, std::string_view key, std::i
   }
   if (!found) {
     result += key;
-    result += std::to_string(increment);
+    result += DecimalText(increment);
     result += kLineEnd;
   }
   return result;
@@ -61,15 +74,96 @@ void DailyFiles::EnsureYearFolder() {
 }
 
 bool DailyFiles::WriteDailyCount(std::int16_t increment, std::string_view name) {
+  return WriteDailyCounts({{CountNow(increment, name)}}).front();
+}
+
+DailyCount DailyFiles::CountNow(std::int16_t increment, std::string_view name) const {
+  return {.name = std::string(name), .increment = increment, .at = clock_.Now()};
+}
+
+// A link that is counted twice has one file to write.
+std::vector<bool> DailyFiles::WriteDailyCounts(std::span<const DailyCount> counts) {
+  std::vector<Files::Replacement> files;
+  std::unordered_map<std::string, std::size_t> known;
+  std::vector<std::optional<std::size_t>> fileOf(counts.size());
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    try {
+      const DailyCount& count = counts[i];
+      const std::filesystem::path file = DailyFile(MonthName(count.at.date), count.name);
+      if (!known.contains(file.native())) {
+        files.push_back({file, EnsureDailyFile(file), WorkFile(files.size())});
+        known[file.native()] = files.size() - 1;
+      }
+      std::string& content = files[known[file.native()]].content;
+      content = WithHitsAdded(content, DayText(count.at.date) + TwoDigits(count.at.hour),
+                              count.increment);
+      fileOf[i] = known[file.native()];
+    } catch (const RuntimeError&) {
+      continue;  // it stays out
+    }
+  }
+  const std::vector<bool> replaced = files_.ReplaceAll(files);
+  std::vector<bool> written(counts.size());
+  for (std::size_t i = 0; i < counts.size(); ++i) {
+    written[i] = fileOf[i] && replaced[*fileOf[i]];
+  }
+  return written;
+}
+
+void DailyFiles::WriteInTurn(std::span<const DailyCount> counts) {
+  while (!counts.empty()) {
+    const std::size_t together = std::min(counts.size(), kMostTogether);
+    WriteDailyCounts(counts.first(together));
+    counts = counts.subspan(together);
+  }
+}
+
+std::vector<HourTotal> DailyFiles::TotalsWith(std::span<const DailyCount> counts) const {
+  std::map<std::pair<std::string, std::string>, double> totals;  // by file and key
+  for (const DailyCount& count : counts) {
+    try {
+      const std::filesystem::path file = DailyFile(MonthName(count.at.date), count.name);
+      const std::string key = DayText(count.at.date) + TwoDigits(count.at.hour);
+      const auto [total, isNew] =
+          totals.try_emplace({state_.YearFolder + file.filename().string(), key}, 0);
+      if (isNew) {
+        total->second = HitsAt(EnsureDailyFile(file), key);
+      }
+      total->second += count.increment;
+    } catch (const RuntimeError&) {
+      continue;
+    }
+  }
+  std::vector<HourTotal> all;
+  all.reserve(totals.size());
+  for (const auto& [hour, hits] : totals) {
+    all.push_back({.file = hour.first, .key = hour.second, .hits = hits});
+  }
+  return all;
+}
+
+void DailyFiles::BringTo(const HourTotal& total) {
   try {
-    const LocalTime now = clock_.Now();
-    const std::string key = DayText(now.date) + TwoDigits(now.hour);
-    const std::filesystem::path file = DailyFile(MonthName(now.date), name);
-    files_.Replace(file, WithHitsAdded(EnsureDailyFile(file), key, increment),
-                   state_.DataFolder() / "tmp");
-    return true;
+    const std::filesystem::path file = state_.DataFolder() / total.file;
+    const std::string content = EnsureDailyFile(file);
+    const double lacking = total.hits - HitsAt(content, total.key);
+    if (lacking > 0) {
+      files_.Replace(file, WithHitsAdded(content, total.key, lacking), WorkFile(0));
+    }
   } catch (const RuntimeError&) {
-    return false;
+    return;
+  }
+}
+
+void DailyFiles::ClearWorkFiles() {
+  for (std::size_t number = 0; number < kMostTogether; ++number) {
+    try {
+      if (files_.Exists(WorkFile(number))) {
+        files_.Delete(WorkFile(number));
+      }
+    } catch (const RuntimeError&) {
+      continue;
+    }
   }
 }
 
@@ -127,6 +221,10 @@ std::filesystem::path DailyFiles::DailyFile(std::string_view month, std::string_
     throw RuntimeError("no file name: " + fileName);
   }
   return state_.DataFolder() / state_.YearFolder / fileName;
+}
+
+std::filesystem::path DailyFiles::WorkFile(std::size_t number) const {
+  return state_.DataFolder() / (number == 0 ? "tmp" : "tmp-" + std::to_string(number));
 }
 
 // The content of the file as it is; a file that is not there yet begins empty.

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "form/shared_state.h"
 #include "platform/clock.h"
 #include "platform/files.h"
+#include "stats/hour_total.h"
 
 namespace tallyo {
 
@@ -18,6 +20,13 @@ struct HourHits {
   int day = 0;   // 1 to 31
   int hour = 0;  // 0 to 23
   double hits = 0;
+};
+
+// Hits of a link that are to be added to the hour of a moment.
+struct DailyCount {
+  std::string name;
+  std::int16_t increment = 0;
+  LocalTime at;
 };
 
 // The history: one text file for each link and month, "<friendly name>-<mmm>" in the year's folder,
@@ -34,6 +43,28 @@ class DailyFiles {
   // Adds hits to the current hour of today. Ends silently at its first failure, with false; the
   // file is then as it was. A name that is no file name is such a failure.
   bool WriteDailyCount(std::int16_t increment, std::string_view name);
+
+  // How many counts WriteDailyCounts takes.
+  static constexpr std::size_t kMostTogether = 64;
+
+  // The hits as they are to be added to the current hour.
+  [[nodiscard]] DailyCount CountNow(std::int16_t increment, std::string_view name) const;
+
+  // Adds them all, as WriteDailyCount would one after the other, but waits for the disk together.
+  // Which were added; one that fails keeps none of the others from it.
+  std::vector<bool> WriteDailyCounts(std::span<const DailyCount> counts);
+
+  // The same for any number of counts.
+  void WriteInTurn(std::span<const DailyCount> counts);
+
+  // What the hours will hold with these counts. A count that cannot be written is left out.
+  [[nodiscard]] std::vector<HourTotal> TotalsWith(std::span<const DailyCount> counts) const;
+
+  // Adds what the hour lacks; nothing where it lacks nothing. Ends silently at its first failure.
+  void BringTo(const HourTotal& total);
+
+  // Deletes what a killed session may have left of its work.
+  void ClearWorkFiles();
 
   // Fills the grid with one month of a link; the empty month is the current one. Reading ends
   // silently at a missing file and at the first line that has no place in the grid.
@@ -52,6 +83,7 @@ class DailyFiles {
   // Throws RuntimeError for a name that is no file name.
   [[nodiscard]] std::filesystem::path DailyFile(std::string_view month,
                                                 std::string_view name) const;
+  [[nodiscard]] std::filesystem::path WorkFile(std::size_t number) const;
   [[nodiscard]] std::string EnsureDailyFile(const std::filesystem::path& file) const;
   void ClearGrid();
   void ShowLine(std::string_view line);
@@ -65,6 +97,6 @@ class DailyFiles {
 
 // The content of a daily file after `increment` more hits in the hour of `key` ("ddhh").
 [[nodiscard]] std::string WithHitsAdded(std::string_view content, std::string_view key,
-                                        std::int16_t increment);
+                                        double increment);
 
 }  // namespace tallyo

@@ -2,9 +2,11 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_set>
+#include <vector>
 
 #include "form/main_form.h"
 #include "form/shared_state.h"
@@ -36,15 +38,22 @@ class Snapshot {
   // was.
   void SaveSnapshot();
 
-  // After a refresh; lost silently where it cannot be written.
-  void KeepForRecovery();
+  // Before these hits are written to the daily files, and after a refresh: the counters that the
+  // next session begins with and, so that they stay true, the hours that are about to change. A
+  // kill in between counts nothing twice. Lost silently where it cannot be written; ApplySnapshot
+  // then leaves the snapshot where it is: older counters are better than none.
+  void KeepForRecovery(std::span<const DailyCount> counts = {});
 
-  // At the start of a session: takes what a killed one kept, where it left no snapshot of its own.
+  // Before a link is removed: counters are kept by position, so that where the session is killed
+  // before it saves those that are left, the next one has to sort them out.
+  void KeepBeforeRemoval();
+
+  // At the start of a session: finishes what a killed one was writing, and takes its counters.
   void Recover();
 
   // Puts the counters into the rows by position, the i-th entry into the i-th row. Ends silently at
-  // its first error, a missing file included; what it did until then stays. Without a snapshot it
-  // takes what the running session keeps.
+  // its first error, a missing file included; what it did until then stays. While a session runs,
+  // or was killed, these are the counters of its last refresh.
   void LoadSnapshot();
 
   // Notes that a refresh has written the growth of a link to the daily files itself.
@@ -57,10 +66,13 @@ class Snapshot {
 
  private:
   [[nodiscard]] std::string Line() const;
+  void FinishWriting(std::string_view content);
+  [[nodiscard]] std::string OfListedLinks(std::string_view line) const;
   void Write(const std::filesystem::path& file, std::string_view content);
   void Load();
-  void Apply(bool countOnce);
-  void Settle(const std::string& name, std::int16_t value);
+  // False where the snapshot is not used up.
+  [[nodiscard]] bool Plan(std::vector<DailyCount>& counts, bool countOnce);
+  void Settle(const std::string& name, std::int16_t value, std::vector<DailyCount>& counts) const;
 
   MainForm& form_;
   const SharedState& state_;
@@ -69,6 +81,8 @@ class Snapshot {
   MonitoredLinks& links_;
   DailyFiles& dailyFiles_;
   bool countOnce_;
+  bool recoverable_ = true;                  // the recovery file holds the counters of now
+  bool settled_ = false;                     // the snapshot is, though it could not be deleted yet
   std::unordered_set<std::string> written_;  // friendly names, since the snapshot was taken
 };
 

@@ -61,8 +61,6 @@ class StatisticsRefresh {
   [[nodiscard]] std::string FetchReply();
   // False where the reply ends the refresh at once.
   [[nodiscard]] bool ReadReply(std::string_view reply);
-  void TakeCounter(const LinkFields& fields, std::string_view counter, std::string& oldCounter);
-  void BookGrowth(const std::string& name, std::string_view counter, std::string_view oldCounter);
   void Stamp();
 
   MainForm& form_;

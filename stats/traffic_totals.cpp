@@ -18,6 +18,13 @@ void TrafficTotals::AddTransferredBytes(std::int32_t count, std::int16_t row) {
   AddToTotal(count);
 }
 
+void TrafficTotals::AddExchange(std::string_view sent, std::string_view received) {
+  settings_.Store().AsOneChange([&] {
+    AddTransferredBytes(static_cast<std::int32_t>(sent.size()), detail::kBytesSession);
+    AddTransferredBytes(static_cast<std::int32_t>(received.size()), detail::kBytesSession);
+  });
+}
+
 void TrafficTotals::AddToRow(int row, std::int32_t count) {
   try {
     const std::int32_t shown = ToInt32(LeadingNumber(form_.ListView3.Value(row, 1)));

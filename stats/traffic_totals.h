@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "form/main_form.h"
 #include "settings/settings.h"
@@ -16,6 +17,9 @@ class TrafficTotals {
   // on from their own displayed text: behind "1.5 KB" comes 2 plus the count. A row whose new value
   // does not fit 32 bits stays as it is. With any row but 4 nothing happens.
   void AddTransferredBytes(std::int32_t count, std::int16_t row);
+
+  // Counts both sides of one exchange, with one change of the settings.
+  void AddExchange(std::string_view sent, std::string_view received);
 
  private:
   void AddToRow(int row, std::int32_t count);

@@ -19,8 +19,7 @@ void PageImport::ImportLinksFromPage() {
   form_.mnuScrnImport.SetEnabled(true);
   form_.Frame.SetMousePointer(Pointer::Hourglass);
   const std::string page = FetchPage(address);
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(address.size()), detail::kBytesSession);
-  traffic_.AddTransferredBytes(static_cast<std::int32_t>(page.size()), detail::kBytesSession);
+  traffic_.AddExchange(address, page);
   FoundLinks found = ScanLinks(page, PageBase(address));
   for (std::string& link : found.links) {
     form_.List1.AddLine(std::move(link));

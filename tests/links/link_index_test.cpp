@@ -75,7 +75,7 @@ Result Walk(const std::function<std::string(const std::string&)>& read, LinkFiel
 Result Looked(const std::function<LinkLookup(LinkFields&)>& lookUp, LinkFields fields) {
   try {
     const LinkLookup lookup = lookUp(fields);
-    return {(lookup.found ? "found " : "none before ") + lookup.number, fields};
+    return {(lookup.found ? "found " : "none before ") + lookup.Number(), fields};
   } catch (const RuntimeError&) {
     return {"error", fields};
   }
@@ -132,6 +132,17 @@ TEST(LinkIndex, GivesWhatAWalkThroughTheRecordsGives) {
       const Result found =
           Looked([&](LinkFields& held) { return index.Find(held, key, by); }, fields);
       ASSERT_EQ(found, walked) << testing::PrintToString(records) << " key " << key;
+      if (index.AllWhole()) {
+        const auto first = index.FirstWithReference(key);
+        LinkFields held;
+        const LinkLookup same = index.Find(held, key, FindBy::Reference);
+        ASSERT_EQ(first.has_value(), same.found);
+        if (first) {
+          ASSERT_EQ(static_cast<int>(*first) + 1, same.record);
+          ASSERT_EQ(index.Field(*first, linkfield::kFriendlyName), held[1]);
+        }
+        ++outcomes["whole"];
+      }
       ++outcomes[walked.outcome.substr(0, 5)];
       fields = walked.fields;  // the caller's array goes on into its next lookup
     }
@@ -139,6 +150,7 @@ TEST(LinkIndex, GivesWhatAWalkThroughTheRecordsGives) {
   EXPECT_GT(outcomes["found"], 1000);
   EXPECT_GT(outcomes["none "], 1000);
   EXPECT_GT(outcomes["error"], 1000);
+  EXPECT_GT(outcomes["whole"], 1000);
 }
 
 TEST(LinkIndex, GivesOnTheStoreWhatReadingTheStoreGives) {
@@ -170,7 +182,7 @@ TEST(LinkIndex, SeesWhatAnotherProgramWritesAtOnce) {
   const auto find = [&](std::string_view name) {
     const LinkLookup lookup =
         program.P().links.FindMonitoredLink(fields, name, FindBy::FriendlyName);
-    return lookup.found ? lookup.number : "none";
+    return lookup.found ? lookup.Number() : "none";
   };
   EXPECT_EQ(find("B"), "none");
   SetSettingValue(other, Hive::LocalMachine, key + "02", "02", "2,B,rb,http://b");

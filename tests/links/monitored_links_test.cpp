@@ -87,7 +87,7 @@ TEST_F(MonitoredLinksTest, AppendsOneBehindTheOtherAndBehind99) {
   }
   EXPECT_EQ(program.Record("100"), "1,n100,rn100,pn100");
   LinkFields fields;
-  EXPECT_EQ(program.P().links.FindMonitoredLink(fields, "n101", FindBy::FriendlyName).number,
+  EXPECT_EQ(program.P().links.FindMonitoredLink(fields, "n101", FindBy::FriendlyName).Number(),
             "101");
 }
 

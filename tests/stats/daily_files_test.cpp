@@ -4,7 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
+#include "stats/daily_batch.h"
 #include "tests/support/file_size_limit.h"
 #include "tests/support/monitored_program.h"
 #include "tests/support/table.h"
@@ -61,6 +63,33 @@ TEST_F(DailyFilesTest, AddHitsToTheLineOfTheHour) {
     EXPECT_TRUE(Write("a"));
     EXPECT_EQ(t_.Daily("a"), after) << before;
     EXPECT_FALSE(t_.HasFile("Data/tmp"));
+  }
+}
+
+TEST_F(DailyFilesTest, TakeManyCountsAsTheyTakeEach) {
+  std::vector<std::string> written;
+  {
+    DailyBatch batch(t_.P().dailyFiles, [&](const std::string& name) { written.push_back(name); });
+    for (int i = 0; i < 100; ++i) {
+      batch.Add(1, "n" + std::to_string(i));
+    }
+    batch.Add(2, "a");
+    batch.Add(2, "no/name");
+    t_.clock.Set(2026, 1, 15, 13, 0, 0);
+    batch.Add(3, "a");
+    batch.Add(4, "a");
+    EXPECT_EQ(t_.Daily("a"), kNoFile);
+  }
+  EXPECT_EQ(t_.Daily("a"), "15122\r\n15137\r\n");
+  EXPECT_EQ(t_.Daily("n0") + t_.Daily("n99"), "15121\r\n15121\r\n");
+  EXPECT_EQ(written.size(), 103U);
+}
+
+TEST_F(DailyFilesTest, ClearTheWorkOfAKilledSessionAtTheStart) {
+  for (const char* const left : {"Data/tmp", "Data/tmp-1", "Data/tmp-63"}) {
+    t_.WriteFile(left, "15121\r\n");
+    t_.Start();
+    EXPECT_FALSE(t_.HasFile(left)) << left;
   }
 }
 

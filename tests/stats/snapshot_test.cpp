@@ -147,7 +147,7 @@ TEST(Snapshot, OfAKilledSessionIsTakenFromItsLastRefresh) {
   EXPECT_EQ(t.Daily("b"), kNoFile);
 }
 
-TEST(Snapshot, OfAProperEndLeavesNothingToRecoverAndWinsOverIt) {
+TEST(Snapshot, OfAProperEndLeavesNothingToRecover) {
   test::MonitoredProgram t;
   t.StartWith({{"a", "10"}});
   ASSERT_EQ(t.Refresh("<P>14 a.zip\n"), RefreshOutcome::Completed);
@@ -155,10 +155,26 @@ TEST(Snapshot, OfAProperEndLeavesNothingToRecoverAndWinsOverIt) {
   t.P().Quit();
   EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), kNoFile);
   EXPECT_EQ(t.LastRead(), "a=14,\r\n");
-  t.WriteFile("Data/LastRead.now", "a=3,\r\n");  // as a kill at the very end leaves it
-  t.Start();
-  EXPECT_EQ(t.Rows(), "a|14| ");
-  EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), kNoFile);
+}
+
+TEST(Snapshot, OfARefreshThatWasKilledAtItsWritingIsFinishedOnce) {
+  const char* const kept =
+      "gone=5,a=14,b=9,\r\n15126 2026/a-Jan\r\n15112 2025/b-Dec\r\n1512x ../out\r\n";
+  for (const auto& [dailyA, snapshot] : test::Table<const char*, const char*>{
+           {kNoFile, "a=8,b=7,\r\n"}, {"15122\r\n", kNoFile}, {"15126\r\n", "\r\n"}}) {
+    test::MonitoredProgram t;
+    t.GiveLinks({"a", "b"});
+    t.PutFile("Data/2025/b-Dec", "311203\r\n");
+    t.PutFile("Data/LastRead.now", kept);
+    t.PutFile("Data/2026/a-Jan", dailyA);
+    t.PutFile(kFile, snapshot);
+    t.Start();
+    EXPECT_EQ(t.Rows({1}), "a|14 b|9 ");
+    EXPECT_EQ(t.Daily("a"), "15126\r\n");
+    EXPECT_EQ(t.FileText("Data/2025/b-Dec"), "311203\r\n15112\r\n");
+    EXPECT_EQ(t.LastRead(), "a=14,b=9,\r\n");
+    EXPECT_EQ(t.TextOrNoFile("Data/LastRead.now"), kNoFile);
+  }
 }
 
 }  // namespace

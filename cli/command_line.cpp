@@ -29,34 +29,40 @@ constexpr const char* kFooter =
     "\n"
     "Exit status: 0 done, 1 refused or failed, 2 wrong usage.";
 
+// The base address ends with a slash, so that paths are appended without one.
+std::string WithSlash(std::string url) {
+  if (!url.ends_with('/')) {
+    url += '/';
+  }
+  return url;
+}
+
+// "" for an address that can be sent.
+std::string WhyNoAddress(const std::string& url) {
+  try {
+    CheckAddress(url);
+    return "";
+  } catch (const TransportFailure& failure) {
+    return failure.what();
+  }
+}
+
 void AddGlobals(CLI::App& app, GlobalWords& words) {
   app.add_option("--app-dir", words.appDir, "Folder that holds Tallyo's data")
       ->capture_default_str();
   app.add_option("--service-url", words.serviceUrl, "Base address of the service")
-      ->capture_default_str();
+      ->capture_default_str()
+      ->check([](const std::string& url) { return WhyNoAddress(WithSlash(url)); });
   app.add_option("--answer", words.answer, "Answer every question with yes or no")
       ->check(CLI::IsMember({"yes", "no"}));
   app.add_flag("--json", words.json, "Print results as one JSON document");
   app.set_version_flag("--version", "tallyo-cli " + Version());
 }
 
-// The base address ends with a slash, so that paths are appended without one.
-std::string BaseUrl(std::string url) {
-  if (!url.ends_with('/')) {
-    url += '/';
-  }
-  try {
-    CheckAddress(url);
-  } catch (const TransportFailure& failure) {
-    throw CLI::ValidationError("--service-url", failure.what());
-  }
-  return url;
-}
-
 ConsoleOptions OptionsOf(const GlobalWords& words) {
   ConsoleOptions options;
   options.appDir = std::filesystem::absolute(words.appDir).lexically_normal();
-  options.serviceBaseUrl = BaseUrl(words.serviceUrl);
+  options.serviceBaseUrl = WithSlash(words.serviceUrl);
   options.json = words.json;
   if (!words.answer.empty()) {
     options.answer = words.answer == "yes" ? BoxAnswer::Yes : BoxAnswer::No;

@@ -50,6 +50,17 @@ class RawConnection {
     }
   }
 
+  // Of the next answer what ends with an empty line; shorter where the connection ends before.
+  [[nodiscard]] std::string ReadHead() const {
+    std::string head;
+    char byte = 0;
+    while (!head.ends_with("\r\n\r\n") && recv(socket_, &byte, 1, 0) == 1) head += byte;
+    return head;
+  }
+
+  // The server reads the end of what was sent; its answer can still be read.
+  void EndSending() const { shutdown(socket_, SHUT_WR); }
+
  private:
   int socket_;
   bool isOpen_ = false;

@@ -5,6 +5,10 @@
 
 namespace tallyo::bench {
 
+// The account that the made-up links belong to, as its service gives it; it has a slot left.
+inline constexpr const char* kAccountRecord =
+    "opn=01/15/2014,max=32767,exp=12/31/2099,ban=no,com=Bench,acc=bench\n";
+
 // The stored record of made-up link i, and the service's line for it.
 inline std::string RecordOf(int i) {
   const std::string n = std::to_string(i);

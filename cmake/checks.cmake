@@ -7,7 +7,10 @@ foreach(folder ${tallyo_rooms} tests bench resources)
 endforeach()
 file(GLOB_RECURSE tallyo_code CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}" ${patterns})
 file(GLOB tallyo_scripts CONFIGURE_DEPENDS RELATIVE "${PROJECT_SOURCE_DIR}"
-     run test .ci/run scripts/* tests/layers/* tests/window/starts-and-quits)
+     run test bench/run .ci/run scripts/* tests/layers/* tests/window/starts-and-quits tests/fuzz/run
+     tests/packaging/completes-names tests/packaging/installs-and-starts tests/fresh/*
+     packaging/check packaging/completions/bash/*
+     packaging/debian/*/config packaging/debian/*/p*[mt])
 list(FILTER tallyo_scripts EXCLUDE REGEX "/packages$|\\.txt$")
 
 # tallyo_check(NAME TOOL ARGUMENT...)

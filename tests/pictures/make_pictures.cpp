@@ -15,17 +15,27 @@
 namespace tallyo::test {
 namespace {
 
+// The addresses that are seen on the pictures. The scripted server stands for both, as a proxy
+// does.
+constexpr const char* kService = "http://counts.example.com/";
+constexpr const char* kPage = "http://www.example.com/index.html";
+
 // A program with four links and the first three weeks of a month.
 void GiveData(TestProgram& t, const std::filesystem::path& startPage) {
+  const std::string service = kService;
   t.clock.Set(2026, 11, 22, 14, 5, 9);
-  t.GiveAccount(12, "12/31/2027");
+  t.Set(names::kUser, "Acme");
+  t.Set(names::kAccount, "mysite");
+  t.server.Answer(service + "Tallyo/accounts/mysite.txt",
+                  "opn=01/15/2014,max=12,exp=12/31/2027,ban=no,com=Acme,acc=mysite\n");
   t.SetRecord("01", "1840,Manual,manual.pdf,http://www.example.com/files/manual.pdf");
   t.SetRecord("02", "96,Prices,prices.pdf,http://www.example.com/files/prices.pdf");
   t.SetRecord("03", "310,Newsletter,latest.html,http://www.example.com/news/latest.html");
   t.SetRecord("04", "25600,Setup,setup.tar.gz,http://www.example.com/files/setup.tar.gz");
-  t.GiveCounters(
+  t.server.Answer(
+      service + "cgi-bin/Tallyo/devstats.cgi?account=mysite.txt&action=show",
       "<P>4213 manual.pdf\n<P>1187 prices.pdf\n<P>902 latest.html\n<P>377 setup.tar.gz\n");
-  t.server.Answer("/page.html",
+  t.server.Answer(kPage,
                   "<A HREF=\"http://www.example.com/files/manual.pdf\">Manual</A> <A "
                   "HREF=\"http://www.example.com/files/prices.pdf\">Prices</A> "
                   "<A HREF=\"http://www.example.com/files/setup.tar.gz\">Setup</A> <A "
@@ -51,7 +61,7 @@ void GiveData(TestProgram& t, const std::filesystem::path& startPage) {
 class Camera {
  public:
   Camera(TestProgram& t, std::filesystem::path folder)
-      : t_(t), folder_(std::move(folder)), window_(t.P()) {
+      : t_(t), folder_(std::move(folder)), window_(t.P(), OwnDocuments(t.folder.Path())) {
     window_.Start();
     Settle();
   }
@@ -100,7 +110,7 @@ void TakeAll(TestProgram& t, Camera& camera) {
   camera.Do([&] { form.mnuExport.Click(); });
   camera.Take("text");
   camera.Do([&] {
-    form.Text1[field::kLinkPath].SetText(t.server.Url("/page.html"));
+    form.Text1[field::kLinkPath].SetText(kPage);
     form.Label2[action::kPending].SetCaption("IMPORT");
     form.List1.Check(0, true);
     form.List1.Check(2, true);
@@ -120,8 +130,10 @@ int main(int argc, char** argv) {
   }
   tallyo::test::TestProgram t;
   t.countOnce = true;
+  qputenv("http_proxy", t.server.Url().c_str());
   tallyo::test::GiveData(t, argv[1]);
   t.NewSession();
+  t.P().state.ServiceBaseUrl = tallyo::test::kService;
   tallyo::test::Camera camera(t, argv[2]);
   tallyo::test::TakeAll(t, camera);
   t.P().Quit();

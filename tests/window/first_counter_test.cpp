@@ -24,12 +24,10 @@ class FirstCounterTest : public testing::Test {
 
   // Closes the next box in this way and keeps what it said.
   void CloseNextBox(const std::function<void(QMessageBox&)>& close) {
-    test.When([] { return WindowUnderTest::OpenBox() != nullptr; },
-              [this, close] {
-                QMessageBox& box = *WindowUnderTest::OpenBox();
-                said.push_back(box.text().toStdString());
-                close(box);
-              });
+    test.WhenBox([this, close](QMessageBox& box) {
+      said.push_back(box.text().toStdString());
+      close(box);
+    });
   }
 
   void ExpectTheHourInTheGrid() {
@@ -55,17 +53,12 @@ TEST_F(FirstCounterTest, IsReachedWithTheMouse) {
   };
   test.Start();
   test.ClickItem("mnuManage");
-  for (const auto& [field, text] : {std::pair("Text1_0", "Acme"), std::pair("Text1_1", "mysite")}) {
-    test.Click(field);
-    test.Type(field, text);
-  }
+  test.Enter("Text1_0", "Acme");
+  test.Enter("Text1_1", "mysite");
   clickOk();
   test.ClickItem("mnuSave");
-  for (const auto& [field, text] :
-       {std::pair("Text1_2", "http://h/files/prog.zip"), std::pair("Text1_4", "Prog")}) {
-    test.Click(field);
-    test.Type(field, text);
-  }
+  test.Enter("Text1_2", "http://h/files/prog.zip");
+  test.Enter("Text1_4", "Prog");
   EXPECT_EQ(test.Find<QLineEdit>("Text1_3").text(), "prog.zip");
   test.Hover("Label2_1");
   EXPECT_EQ(test.Form().Label2[action::kAdd].BackColor(), kGreen);

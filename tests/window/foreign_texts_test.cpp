@@ -91,14 +91,12 @@ TEST_P(ForeignTextTest, StandsInABoxOfReadableSize) {
   QString text;
   Qt::TextFormat format{};
   QSize size;
-  test.When([] { return WindowUnderTest::OpenBox() != nullptr; },
-            [&] {
-              QMessageBox& box = *WindowUnderTest::OpenBox();
-              text = box.detailedText().isEmpty() ? box.text() : box.detailedText();
-              format = box.textFormat();
-              size = box.size();
-              QTest::keyClick(&box, Qt::Key_Escape);
-            });
+  test.WhenBox([&](QMessageBox& box) {
+    text = box.detailedText().isEmpty() ? box.text() : box.detailedText();
+    format = box.textFormat();
+    size = box.size();
+    QTest::keyClick(&box, Qt::Key_Escape);
+  });
   test.realBoxes.Show({.text = GetParam().bytes, .title = GetParam().bytes});
   EXPECT_EQ(text.remove(QChar(0x200B)), GetParam().shown);
   EXPECT_EQ(format, Qt::PlainText);

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QComboBox>
+
 #include "tests/window/window_under_test.h"
 
 namespace tallyo {
@@ -60,6 +62,7 @@ TEST_F(WindowMenusTest, ItemsShowTheirScreens) {
       {"mnuExportAll", screen::kText},
       {"mnuUpgrade", screen::kWebPage},
       {"mnuManage", screen::kManageLinks},
+      {"mnuScrnImport", screen::kImportLinks},
       {"mnuSupport", screen::kWebPage},
       {"mnuWindCurrent", screen::kCurrentStatus},
       {"mnuAbout", screen::kWebPage}};
@@ -72,7 +75,7 @@ TEST_F(WindowMenusTest, ItemsShowTheirScreens) {
   EXPECT_EQ(test.Form().WB1.Address(), (test.folder.Path() / "intro.sht").string());
   for (const auto& [key, shown] :
        {std::pair(Qt::Key_1, screen::kDailyStatus), std::pair(Qt::Key_2, screen::kCurrentStatus),
-        std::pair(Qt::Key_4, screen::kServiceInfo)}) {
+        std::pair(Qt::Key_4, screen::kServiceInfo), std::pair(Qt::Key_3, screen::kImportLinks)}) {
     test.Press(key, Qt::ControlModifier);
     EXPECT_TRUE(Shows(shown));
   }
@@ -92,14 +95,30 @@ TEST_F(WindowMenusTest, ItemsDoTheirWork) {
   EXPECT_EQ(test.FileText("Data/LastRead.dat"), "A=12,\r\n");
 }
 
+TEST_F(WindowMenusTest, AConfigurationGoesToAnotherMachine) {
+  StartWithLinks(2);
+  test.ClickItem("mnuViewStats");
+  test.ClickItem("mnuExportAll");
+  WindowUnderTest other;
+  std::filesystem::copy(test.folder.Path() / "mysite.export", other.folder.Path());
+  other.Start();
+  other.ClickItem("mnuManage");
+  other.Enter("Text1_0", "Acme");
+  other.Enter("Text1_1", "mysite");
+  other.ClickItem("mnuImportAll");
+  EXPECT_EQ(other.Setting(names::kUser) + other.Setting(names::kAccount), "Acmemysite");
+  const auto& links = other.Find<QComboBox>("Combo1");
+  EXPECT_EQ((links.itemText(0) + links.itemText(1)).toStdString(), "AB");
+  EXPECT_TRUE(other.boxes.Shown().empty());
+}
+
 TEST_F(WindowMenusTest, OpeningTheFileMenuOffersWhatMayBeDone) {
   test.GiveAccount(false);
   test.Start();
   const auto offered = [this](const char* item) {
     QMenu* const menu = test.OpenMenu(item);
     const bool enabled = test.Find<QAction>(item).isEnabled();
-    QTest::keyClick(menu, Qt::Key_Escape);
-    QTest::keyClick(test.window.menuBar(), Qt::Key_Escape);
+    test.Leave(*menu);
     ExpectItemsAsTheModelSays();
     return enabled;
   };

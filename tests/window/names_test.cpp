@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
+#include <set>
 
 #include "tests/window/window_under_test.h"
 
@@ -65,6 +67,26 @@ TEST(WindowNames, WhateverTakesTheFocusSaysWhatItIs) {
   EXPECT_EQ(Spoken(test.Find("Label2_1")), "ADD");
 }
 
+TEST(WindowNames, NoTwoAccessKeysOfAScreenAreTheSame) {
+  WindowUnderTest test;
+  test.Start();
+  for (int screen = 0; screen < static_cast<int>(screen::kCount); ++screen) {
+    test.Show(screen);
+    QStringList captions;
+    for (const QAction* const menu : test.window.menuBar()->actions()) {
+      captions += menu->text();
+    }
+    for (const auto* const button : test.window.findChildren<QAbstractButton*>()) {
+      captions += button->isVisible() ? button->text() : QString();
+    }
+    std::set<QString> keys;
+    for (const QString& caption : captions) {
+      const QString key = QKeySequence::mnemonic(caption).toString();
+      EXPECT_TRUE(key.isEmpty() || keys.insert(key).second) << screen << caption.toStdString();
+    }
+  }
+}
+
 TEST(WindowNames, LabelsBelongToTheFieldsThatTheyName) {
   WindowUnderTest test;
   test.Start();
@@ -76,6 +98,9 @@ TEST(WindowNames, LabelsBelongToTheFieldsThatTheyName) {
     ASSERT_NE(label, labels.end()) << name;
     EXPECT_EQ((*label)->text(), field.accessibleName()) << name;
     EXPECT_FALSE((*label)->text().isEmpty()) << name;
+  }
+  for (const QLabel* const label : test.Find("Picture1_2").findChildren<QLabel*>()) {
+    EXPECT_NE(label->buddy(), nullptr) << label->text().toStdString();
   }
 }
 

@@ -4,6 +4,7 @@
 #include <QTextBrowser>
 #include <fstream>
 
+#include "tests/window/url_opener.h"
 #include "tests/window/window_under_test.h"
 
 namespace tallyo {
@@ -77,6 +78,36 @@ TEST_F(PageViewerTest, LoadsNoFileFromElsewhere) {
     Go(address);
     EXPECT_TRUE(ComesToShow("outside Tallyo's own folder")) << address;
   }
+}
+
+TEST_F(PageViewerTest, OpensOtherHostsInTheBrowserOfThePerson) {
+  test::UrlOpener browser("http");
+  test::UrlOpener mail("mailto");
+  Start();
+  test.server.AnswerWith("/Tallyo/support.html",
+                         {.headers = {"Content-Type: text/html"}, .body = "support"});
+  test.ClickItem("mnuSupport");
+  ASSERT_TRUE(ComesToShow("support"));
+  test.Click("OpenInBrowser");
+  EXPECT_EQ(browser.TakeLast().toString().toStdString(), test.server.Url("/Tallyo/support.html"));
+  const auto follow = [this](const char* link) {
+    emit test.Find<QTextBrowser>("WB1").anchorClicked(QUrl(link));
+    test.Settle();
+  };
+  const auto requests = test.server.Requests().size();
+  follow("http://www.example.com/a?b#c");
+  EXPECT_EQ(browser.TakeLast().toString(), "http://www.example.com/a?b#c");
+  follow("mailto:us@example.com");
+  EXPECT_EQ(mail.TakeLast().path(), "us@example.com");
+  for (const char* const link : {"file:///etc/passwd", "javascript:alert(1)", "#top"}) {
+    follow(link);
+  }
+  EXPECT_EQ(Page(), "support");
+  EXPECT_EQ(test.server.Requests().size(), requests);
+  test.server.Answer("/next", "next page");
+  follow("/next");
+  EXPECT_TRUE(ComesToShow("next page"));
+  EXPECT_TRUE(browser.TakeLast().isEmpty());
 }
 
 TEST_F(PageViewerTest, FollowsRedirectsButNoEndlessOnes) {

@@ -3,8 +3,10 @@
 
 #include <QLabel>
 #include <QTableView>
+#include <csignal>
 
 #include "tests/window/window_under_test.h"
+#include "ui/qt/signal_watch.h"
 
 namespace tallyo {
 namespace {
@@ -111,6 +113,21 @@ TEST_F(WindowFetching, EndsByTheEndOfTheApplication) {
   EndDuringRefresh([] { QCoreApplication::quit(); });
 }
 
+TEST_F(WindowFetching, EndsByTheEndOfTheSession) {
+  QObject manager;  // which nobody asks for anything
+  EndDuringRefresh(
+      [&] { emit qApp->commitDataRequest(reinterpret_cast<QSessionManager&>(manager)); });
+}
+
+TEST_F(WindowFetching, EndsBySignals) {
+  const SignalWatch watch([this] { test.window.Quit(); });
+  EndDuringRefresh([] {
+    for (const int signal : {SIGHUP, SIGTERM, SIGINT}) {
+      std::raise(signal);
+    }
+  });
+}
+
 TEST_F(WindowFetching, EndsInTheMidstOfSubmitting) {
   StartWithHeldCounters();
   test.Show(screen::kManageLinks);
@@ -135,8 +152,9 @@ TEST_F(WindowWithBox, ClosesTheBoxWhenTheProgramEnds) {
     WindowUnderTest other(BoxKind::Real);
     other.Start();
     bool resumed = false;
-    other.When([] { return WindowUnderTest::OpenBox() != nullptr; },
-               [&] { byClosing ? static_cast<void>(other.window.close()) : other.window.Quit(); });
+    other.WhenBox([&](QMessageBox& /*box*/) {
+      byClosing ? static_cast<void>(other.window.close()) : other.window.Quit();
+    });
     QTimer::singleShot(0, &other.window, [&] {
       other.program.Dispatch([&] {
         other.realBoxes.Show({.text = "Really?", .title = "", .buttons = BoxButtons::YesNo});
@@ -160,17 +178,16 @@ TEST_F(WindowWithBox, DropsTicksWhileABoxIsOpen) {
   };
   test.Form().ListView3.SetValue(detail::kSlotsLeft, 1, "");  // asks for the account with each tick
   test.Form().Timer1.SetIntervalMilliseconds(1);
-  test.When([&] { return WindowUnderTest::OpenBox() != nullptr; },
-            [&] {
-              test.Form().Timer1.SetEnabled(true);
-              const int before = ticks;
-              test.When([&, before] { return ticks > before + 5; },
-                        [&] {
-                          EXPECT_TRUE(test.server.Requests().empty());
-                          test.Form().Timer1.SetEnabled(false);
-                          QTest::keyClick(WindowUnderTest::OpenBox(), Qt::Key_Escape);
-                        });
-            });
+  test.WhenBox([&](QMessageBox& box) {
+    test.Form().Timer1.SetEnabled(true);
+    const int before = ticks;
+    const auto severalTicks = [&ticks, before] { return ticks > before + 5; };
+    test.When(severalTicks, [&] {
+      EXPECT_TRUE(test.server.Requests().empty());
+      test.Form().Timer1.SetEnabled(false);
+      QTest::keyClick(&box, Qt::Key_Escape);
+    });
+  });
   EXPECT_EQ(test.realBoxes.Show({.text = "?", .title = "", .buttons = BoxButtons::YesNo}),
             BoxAnswer::No);
   EXPECT_TRUE(test.server.Requests().empty());

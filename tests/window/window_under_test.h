@@ -56,7 +56,7 @@ class WindowUnderTest {
                  .pump = pump,
                  .boxes = kind == BoxKind::Real ? static_cast<MessageBoxes&>(realBoxes) : boxes,
                  .shell = shell}),
-        window(program) {
+        window(program, OwnDocuments(folder.Path(), installed.Path())) {
     realBoxes.StandOver(window);
     realBoxes.OnClosed = [this] { window.RestartTimer(); };
   }
@@ -163,6 +163,11 @@ class WindowUnderTest {
     Settle();
   }
   void Type(const QString& name, const QString& text) { QTest::keyClicks(&Find(name), text); }
+  // Goes to a field with the mouse and types.
+  void Enter(const QString& name, const QString& text) {
+    Click(name);
+    Type(name, text);
+  }
   // The widget that the keys go to.
   QWidget& Focused() {
     Settle();
@@ -185,13 +190,16 @@ class WindowUnderTest {
     EXPECT_TRUE(QTest::qWaitFor([menu] { return menu->isVisible(); }));
     return menu;
   }
+  void Leave(QMenu& menu) {
+    QTest::keyClick(&menu, Qt::Key_Escape);
+    QTest::keyClick(window.menuBar(), Qt::Key_Escape);
+  }
   void ClickItem(const QString& item) {
     QMenu* const menu = OpenMenu(item);
     QTest::mouseClick(menu, Qt::LeftButton, {},
                       menu->actionGeometry(&Find<QAction>(item)).center());
     if (menu->isVisible()) {  // as it stays after a click on a disabled item
-      QTest::keyClick(menu, Qt::Key_Escape);
-      QTest::keyClick(window.menuBar(), Qt::Key_Escape);
+      Leave(*menu);
     }
     Settle();
   }
@@ -209,6 +217,9 @@ class WindowUnderTest {
 
   [[nodiscard]] static QMessageBox* OpenBox() {
     return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+  }
+  void WhenBox(const std::function<void(QMessageBox&)>& action) {
+    When([] { return OpenBox() != nullptr; }, [action] { action(*OpenBox()); });
   }
 
   struct NotingShell final : Shell {
@@ -230,6 +241,7 @@ class WindowUnderTest {
   FakeClock clock;
   ScriptedServer server;
   TempFolder folder;
+  TempFolder installed;  // where the documents are that the folder above lacks
   PosixFiles files;
   SqliteStore store;
   CurlTransfer transfer;

@@ -19,11 +19,12 @@ BusyIndicator::BusyIndicator(Mirror& mirror, QWidget* parent) : QWidget(parent),
   bar->setRange(0, 0);
   bar->setTextVisible(false);
   bar->setFixedSize(kBarWidth, kBarHeight);
-  bar->setAccessibleName("Waiting for an answer");
+  //: What the moving bar is called when it is read aloud
+  bar->setAccessibleName(tr("Waiting for an answer"));
   auto* const stop = new QToolButton(this);
   stop->setObjectName("StopTransfer");
-  stop->setText("Stop");
-  stop->setAccessibleName("Stop");
+  stop->setText(tr("Stop"));
+  stop->setAccessibleName(stop->text());
   stop->setFocusPolicy(Qt::TabFocus);
   connect(stop, &QToolButton::clicked, this,
           [this] { mirror_.Send([this] { mirror_.Of().requests.StopFetch(); }); });

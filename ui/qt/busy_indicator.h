@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTimer>
 #include <QWidget>
 
@@ -9,6 +10,8 @@ namespace tallyo {
 
 // A moving bar with a Stop button, seen only while a fetch takes longer than a moment.
 class BusyIndicator : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(BusyIndicator)
+
  public:
   BusyIndicator(Mirror& mirror, QWidget* parent);
 

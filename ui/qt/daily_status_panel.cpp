@@ -36,12 +36,13 @@ DailyStatusPanel::DailyStatusPanel(ControlBinding& binding, QWidget* parent)
 QLayout* DailyStatusPanel::SelectorRow(ControlBinding& binding) {
   MainForm& form = binding.Form();
   auto* const row = new QHBoxLayout;
-  auto* const link = new TextCombo(binding.View(), form.Combo2, "Combo2", "Link", this);
+  auto* const link = new TextCombo(binding.View(), form.Combo2, "Combo2", tr("Link"), this);
   link->setFixedWidth(Pixels(kLinkWidth));
-  auto* const month = new TextCombo(binding.View(), form.Combo3, "Combo3", "Month", this);
+  auto* const month = new TextCombo(binding.View(), form.Combo3, "Combo3", tr("Month"), this);
   month->setFixedWidth(Pixels(kMonthWidth));
   auto* const hour = new ElidedLabel(this);
   binding.Bind(form.Label5[2], *hour, "Label5_2");
+  hour->setBuddy(link);
   monthSum_->setObjectName("MonthSum");
   row->addWidget(link);
   row->addWidget(month);
@@ -54,8 +55,7 @@ QLayout* DailyStatusPanel::SelectorRow(ControlBinding& binding) {
 
 void DailyStatusPanel::ShowSums() {
   sums_.Refresh();
-  monthSum_->setText(model_.DayName(0).section(' ', 0, 0).section(',', 0, 0) + ": " +
-                     HitsText(model_.MonthSum()));
+  monthSum_->setText(model_.MonthSumText());
 }
 
 }  // namespace tallyo

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QWidget>
 
 #include "ui/qt/control_binding.h"
@@ -11,6 +12,8 @@ namespace tallyo {
 
 // The daily status screen: link, month and hour above the grid, the sums of the days below it.
 class DailyStatusPanel : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(DailyStatusPanel)
+
  public:
   DailyStatusPanel(ControlBinding& binding, QWidget* parent);
 

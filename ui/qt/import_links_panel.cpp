@@ -17,6 +17,7 @@ ImportLinksPanel::ImportLinksPanel(ControlBinding& binding, QWidget* parent)
   view->setObjectName("List1");
   view->setAccessibleName(caption->text());
   view->setModel(&model_);
+  view->setStyle(&style_);
   view->setUniformItemSizes(true);
   view->setEditTriggers(QAbstractItemView::NoEditTriggers);
   view->setTextElideMode(Qt::ElideMiddle);

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+#include "ui/qt/check_box_style.h"
 #include "ui/qt/check_list_model.h"
 #include "ui/qt/control_binding.h"
 
@@ -14,6 +15,7 @@ class ImportLinksPanel : public QWidget {
 
  private:
   CheckListModel model_;
+  CheckBoxStyle style_;
 };
 
 }  // namespace tallyo

@@ -7,7 +7,7 @@
 namespace tallyo {
 
 LoadingPanel::LoadingPanel(QWidget* parent) : QWidget(parent) {
-  auto* const text = new QLabel("Tallyo is starting ...", this);
+  auto* const text = new QLabel(tr("Tallyo is starting ..."), this);
   text->setAlignment(Qt::AlignCenter);
   PanelLayout(*this)->addWidget(text);
 }

@@ -20,6 +20,9 @@ std::string ExecWord(const std::string& word) {
       quoted += R"(\\\)";
     } else if (c == '%') {
       quoted += '%';
+    } else if (c == '\n') {
+      quoted += R"(\n)";
+      continue;
     }
     quoted += c;
   }
@@ -28,8 +31,7 @@ std::string ExecWord(const std::string& word) {
 
 }  // namespace
 
-LogonEntry::LogonEntry(std::filesystem::path program, std::filesystem::path appDir)
-    : program_(std::move(program)), appDir_(std::move(appDir)) {}
+LogonEntry::LogonEntry(std::vector<std::string> command) : command_(std::move(command)) {}
 
 void LogonEntry::Set(bool run) const {
   const QString name = QFile::decodeName(File().c_str());
@@ -46,13 +48,17 @@ void LogonEntry::Set(bool run) const {
 }
 
 std::string LogonEntry::Text() const {
+  std::string line;
+  for (const std::string& word : command_) {
+    line += (line.empty() ? "" : " ") + ExecWord(word);
+  }
   return "[Desktop Entry]\n"
          "Type=Application\n"
          "Name=Tallyo\n"
          "Comment=Counts the visitors of your links\n"
          "Icon=tallyo\n"
          "Exec=" +
-         ExecWord(program_.string()) + " --app-dir " + ExecWord(appDir_.string()) +
+         line +
          "\n"
          "StartupWMClass=tallyo\n"
          "Terminal=false\n";

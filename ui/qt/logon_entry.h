@@ -2,14 +2,15 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace tallyo {
 
 // The entry that makes the desktop start the program at logon.
 class LogonEntry {
  public:
-  // program: the program file; appDir: the folder it shall work on.
-  LogonEntry(std::filesystem::path program, std::filesystem::path appDir);
+  // command: the program file and its arguments, whatever characters they hold.
+  explicit LogonEntry(std::vector<std::string> command);
 
   // Writes the entry among the person's own, or removes it. A failure changes nothing.
   void Set(bool run) const;
@@ -21,8 +22,7 @@ class LogonEntry {
   [[nodiscard]] static std::filesystem::path File();
 
  private:
-  std::filesystem::path program_;
-  std::filesystem::path appDir_;
+  std::vector<std::string> command_;
 };
 
 }  // namespace tallyo

@@ -1,9 +1,13 @@
 #include <QApplication>
+#include <QFile>
 #include <QIcon>
+#include <QTimer>
 #include <csignal>
 #include <filesystem>
 #include <iostream>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/curl_transfer.h"
 #include "platform/posix_files.h"
@@ -17,6 +21,7 @@
 #include "ui/qt/qt_shell.h"
 #include "ui/qt/signal_watch.h"
 #include "ui/qt/single_instance.h"
+#include "ui/qt/translation.h"
 #include "ui/qt/window_options.h"
 
 namespace {
@@ -34,14 +39,39 @@ std::filesystem::path DefaultAppDir() {
   return builtFor.empty() ? ProgramFile().parent_path() : builtFor;
 }
 
-void Say(const std::string& problem) { std::cerr << "tallyo: " << problem << '\n'; }
+// The folder that the start page and the manual were installed in, seen from the program's.
+std::filesystem::path DocumentDir() {
+  return (ProgramFile().parent_path() / TALLYO_DOCUMENT_DIR).lexically_normal();
+}
 
-int RaiseRunning(int argc, char** argv, const std::filesystem::path& appDir) {
+// How the desktop starts the program at logon: as it was started now.
+LogonEntry EntryFor(const ProgramOptions& options) {
+  std::vector<std::string> command = {ProgramFile().string(), "--app-dir", options.appDir.string()};
+  if (options.serviceBaseUrl != TALLYO_SERVICE_BASE_URL) {
+    command.insert(command.end(), {"--service-url", options.serviceBaseUrl});
+  }
+  return LogonEntry(std::move(command));
+}
+
+void Say(const QString& problem) {
+  std::cerr << "tallyo: " << problem.toLocal8Bit().constData() << '\n';
+}
+
+QString NameOf(const std::filesystem::path& folder) { return QFile::decodeName(folder.c_str()); }
+
+// The person's language, once there is an application.
+Translation LanguageFor(const ProgramOptions& options) {
+  return Translation({options.appDir, DocumentDir()}, QLocale::system());
+}
+
+int RaiseRunning(int argc, char** argv, const ProgramOptions& options) {
   const QCoreApplication application(argc, argv);
-  if (SingleInstance::RaiseRunning(appDir)) {
+  if (SingleInstance::RaiseRunning(options.appDir)) {
     return 0;
   }
-  Say("Tallyo is running in " + appDir.string() + " without a window; end it first");
+  const Translation language = LanguageFor(options);
+  Say(QCoreApplication::translate("Start", "Tallyo is running in %1 without a window; end it first")
+          .arg(NameOf(options.appDir)));
   return 1;
 }
 
@@ -49,9 +79,11 @@ int RaiseRunning(int argc, char** argv, const std::filesystem::path& appDir) {
 void SayProblem(const SqliteStore& store, const ProcessLock& lock,
                 const std::filesystem::path& appDir) {
   if (!store.Problem().empty()) {
-    Say(store.Problem());
+    Say(QString::fromStdString(store.Problem()));
   } else if (lock.Result() == ProcessLock::Outcome::Unavailable) {
-    Say("the folder " + appDir.string() + " cannot be written; nothing will be kept");
+    Say(QCoreApplication::translate("Start",
+                                    "the folder %1 cannot be written; nothing will be kept")
+            .arg(NameOf(appDir)));
   }
 }
 
@@ -61,20 +93,24 @@ void Describe(QApplication& application) {
   QApplication::setApplicationVersion(QString::fromStdString(Version()));
   QApplication::setDesktopFileName("tallyo");
   application.setQuitOnLastWindowClosed(false);  // the program decides
-  QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
-    icon.addFile(QString(":/icons/tallyo-%1.png").arg(size), {size, size});
-  }
-  QApplication::setWindowIcon(icon);
+  // The pictures are read once the window stands: nobody waits for them.
+  QTimer::singleShot(100, &application, [] {
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+      icon.addFile(QString(":/icons/tallyo-%1.png").arg(size), {size, size});
+    }
+    QApplication::setWindowIcon(icon);
+  });
 }
 
 int Run(int argc, char** argv, const ProgramOptions& options) {
   const ProcessLock lock(options.appDir);
   if (lock.Result() == ProcessLock::Outcome::HeldByAnother) {
-    return RaiseRunning(argc, argv, options.appDir);
+    return RaiseRunning(argc, argv, options);
   }
   QApplication application(argc, argv);
   Describe(application);
+  const Translation language = LanguageFor(options);
   SingleInstance instance(options.appDir);
   const SystemClock clock;
   SqliteStore store(options.appDir / "settings.db", StoreAccess::ReadWrite);
@@ -83,7 +119,8 @@ int Run(int argc, char** argv, const ProgramOptions& options) {
   CurlTransfer transfer("Tallyo/" + ShortVersion());
   QtPump pump;
   QtBoxes boxes(pump);
-  QtShell shell(LogonEntry(ProgramFile(), options.appDir));
+  const OwnDocuments documents(options.appDir, DocumentDir());
+  QtShell shell(documents, EntryFor(options));
   Program program(options, {.clock = clock,
                             .files = files,
                             .transfer = transfer,
@@ -91,7 +128,7 @@ int Run(int argc, char** argv, const ProgramOptions& options) {
                             .pump = pump,
                             .boxes = boxes,
                             .shell = shell});
-  MainWindow window(program);
+  MainWindow window(program, documents);
   boxes.StandOver(window);
   boxes.OnClosed = [&] { window.RestartTimer(); };
   instance.OnSecondStart([&] { window.ComeForward(); });

@@ -27,10 +27,11 @@ namespace {
 constexpr int kStripGap = 60;         // twips between a panel and the strip below it
 constexpr int kStripMargin = 420;     // twips at the left and right of the strip
 constexpr int kWidestInStrip = 2100;  // twips that one text may take there
+constexpr int kStatusIndent = 2;      // pixels that a status bar puts before its first text
 
 }  // namespace
 
-MainWindow::MainWindow(Program& program)
+MainWindow::MainWindow(Program& program, const OwnDocuments& documents)
     : mirror_(program),
       focus_(mirror_, *this),
       binding_(mirror_, focus_),
@@ -39,7 +40,7 @@ MainWindow::MainWindow(Program& program)
   setObjectName("frmCtrl");
   setMenuBar(new WindowMenus(mirror_, this));
   setCentralWidget(stage_);
-  MakePanels();
+  MakePanels(documents);
   MakeStrip();
   MakeStatusLine();
   FollowTimer();
@@ -81,7 +82,7 @@ void MainWindow::RestartTimer() {
   }
 }
 
-void MainWindow::MakePanels() {
+void MainWindow::MakePanels(const OwnDocuments& documents) {
   panels_ = {new ManageLinksPanel(binding_, stage_),
              new CurrentStatusPanel(binding_, stage_),
              new PreferencesPanel(binding_, stage_),
@@ -89,7 +90,7 @@ void MainWindow::MakePanels() {
              new ImportLinksPanel(binding_, stage_),
              new ServiceInfoPanel(binding_, stage_),
              new LoadingPanel(stage_),
-             new WebPagePanel(binding_, stage_),
+             new WebPagePanel(binding_, documents, stage_),
              new TextPanel(binding_, stage_)};
   for (std::size_t i = 0; i < panels_.size(); ++i) {
     panels_[i]->setObjectName(QString("Picture1_%1").arg(i));
@@ -121,7 +122,8 @@ void MainWindow::MakeStatusLine() {
   binding_.Bind(mirror_.Form().Label8, *status, "Label8");
   busy_ = new BusyIndicator(mirror_, this);
   statusBar()->setSizeGripEnabled(false);
-  statusBar()->setContentsMargins(Pixels(kStripMargin), 0, Pixels(kStripMargin), 0);
+  const int margin = Pixels(kStripMargin);
+  statusBar()->setContentsMargins(margin - kStatusIndent, 0, margin, 0);
   statusBar()->addWidget(status, 1);
   statusBar()->addPermanentWidget(busy_);
   statusBar()->setMinimumHeight(busy_->sizeHint().height());  // also while it is not seen
@@ -156,14 +158,17 @@ void MainWindow::ShowPanels() {
 void MainWindow::ShowFrame() {
   const Window& frame = mirror_.Form().Frame;
   setWindowTitle(Shown(frame.Caption()));
-  if (frame.MousePointer() == Pointer::Hourglass) {
-    setCursor(Qt::WaitCursor);
-  } else {
-    unsetCursor();
+  // The caption changes with every second, the rest hardly ever.
+  if (frame.MousePointer() != shownPointer_) {
+    shownPointer_ = frame.MousePointer();
+    shownPointer_ == Pointer::Hourglass ? setCursor(Qt::WaitCursor) : unsetCursor();
   }
-  FitToFrame();
+  if (frame.Where() != fittedTo_ || frame.State() != fittedState_) {
+    FitToFrame();
+  }
   const bool minimized = frame.State() == WindowState::Minimized;
   if (frame.Visible() && (!isVisible() || minimized != isMinimized())) {
+    show();  // first of all: a window that was never there may not appear minimized
     minimized ? showMinimized() : showNormal();
   }
 }
@@ -175,6 +180,8 @@ void MainWindow::FitToFrame() {
   if (frame.width <= 0 || mirror_.Form().Frame.State() == WindowState::Minimized) {
     return;
   }
+  fittedTo_ = frame;
+  fittedState_ = mirror_.Form().Frame.State();
   const QWidget* const panel = ShownPanel();
   const int bars = menuBar()->sizeHint().height() + statusBar()->sizeHint().height();
   const int strip = fontMetrics().height();  // also while its labels are hidden

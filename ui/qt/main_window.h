@@ -9,6 +9,7 @@
 #include "ui/qt/control_binding.h"
 #include "ui/qt/focus_link.h"
 #include "ui/qt/mirror.h"
+#include "ui/qt/own_documents.h"
 
 namespace tallyo {
 
@@ -16,8 +17,9 @@ namespace tallyo {
 // sizes itself by the screen that is shown.
 class MainWindow : public QMainWindow {
  public:
-  // The program outlives the window and is not started yet.
-  explicit MainWindow(Program& program);
+  // The program outlives the window and is not started yet. The web page screen shows these
+  // documents.
+  MainWindow(Program& program, const OwnDocuments& documents);
   ~MainWindow() override;
   MainWindow(const MainWindow&) = delete;
   MainWindow& operator=(const MainWindow&) = delete;
@@ -40,7 +42,7 @@ class MainWindow : public QMainWindow {
   void changeEvent(QEvent* event) override;
 
  private:
-  void MakePanels();
+  void MakePanels(const OwnDocuments& documents);
   void MakeStrip();
   void MakeStatusLine();
   void FollowTimer();
@@ -59,6 +61,9 @@ class MainWindow : public QMainWindow {
   QWidget* strip_;
   std::array<QWidget*, screen::kCount> panels_{};
   BusyIndicator* busy_ = nullptr;
+  Pointer shownPointer_ = Pointer::Normal;
+  Place fittedTo_;
+  WindowState fittedState_ = WindowState::Normal;
 };
 
 }  // namespace tallyo

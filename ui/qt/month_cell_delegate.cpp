@@ -24,13 +24,13 @@ QColor Mixed(const QColor& ground, const QColor& highlight, double part) {
                           mix(ground.blueF(), highlight.blueF()));
 }
 
+}  // namespace
+
 void ShrinkToFit(QFont& font, const QString& text, int width) {
   while (QFontMetrics(font).horizontalAdvance(text) > width && font.pointSizeF() > kSmallestFont) {
     font.setPointSizeF(font.pointSizeF() - 0.5);
   }
 }
-
-}  // namespace
 
 void MonthCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const {
@@ -51,7 +51,8 @@ void MonthCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   ShrinkToFit(font, text, room.width());
   painter->setFont(font);
   painter->setPen(palette.color(QPalette::Text));
-  painter->drawText(room, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), text);
+  painter->drawText(room, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
+                    painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
   if (selected) {  // a line above and below leaves the colours of the hits to be seen
     painter->setPen(palette.color(QPalette::Highlight));
     painter->drawLine(option.rect.topLeft(), option.rect.topRight());

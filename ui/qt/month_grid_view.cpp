@@ -11,7 +11,7 @@ namespace {
 constexpr int kColumnWidth = 600;  // twips
 constexpr int kHours = 24;
 constexpr int kLeastRowHeight = 12;  // pixels
-constexpr int kRoomInHeader = 6;     // pixels above and below its text together
+constexpr int kRoomInHeader = 6;     // pixels around its text, both sides together
 
 void FixColumns(QTableView& view) {
   QHeaderView& header = *view.horizontalHeader();
@@ -34,6 +34,9 @@ MonthGridView::MonthGridView(Mirror& mirror, ReportList& list, MonthModel& model
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setStyle(nullptr);  // the columns are too narrow for roomy headings
   // The month and its year stand in two lines.
+  QFont font = horizontalHeader()->font();
+  ShrinkToFit(font, "2026", Pixels(kColumnWidth) - kRoomInHeader);
+  horizontalHeader()->setFont(font);
   horizontalHeader()->setFixedHeight(2 * fontMetrics().height() + kRoomInHeader);
 }
 
@@ -77,7 +80,7 @@ void MonthGridView::FillHeight() {
 
 MonthSumsView::MonthSumsView(MonthSumsModel& model, QWidget* parent) : QTableView(parent) {
   setObjectName("DaySums");
-  setAccessibleName("Sums of the days");
+  setAccessibleName(MonthSumsModel::Name());
   setModel(&model);
   setItemDelegate(&delegate_);
   setFocusPolicy(Qt::NoFocus);

@@ -1,6 +1,7 @@
 #include "ui/qt/month_model.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "text/decimal_text.h"
 #include "text/leading_number.h"
@@ -13,12 +14,22 @@ QString TwoFigures(int number) { return QString("%1").arg(number, 2, 10, QChar('
 
 QString NumberText(double number) { return QString::fromStdString(DecimalText(number)); }
 
-// What a row of sums is called, where the hours of the rows above stand.
-constexpr const char* kSum = "Sum";
+// A number that any language gives the same form as this one, which may be too large for them.
+int PluralNumber(double number) {
+  constexpr double kEnough = 1e6;  // forms go by the last figures and by being small
+  const double size = std::isfinite(number) ? std::floor(std::abs(number)) : kEnough;
+  return static_cast<int>(size < kEnough ? size : kEnough + std::fmod(size, kEnough));
+}
 
 }  // namespace
 
-QString HitsText(double hits) { return NumberText(hits) + (hits == 1 ? " hit" : " hits"); }
+QString HitsText(double hits) {
+  if (hits == 1) {
+    return MonthModel::tr("1 hit");
+  }
+  //: The number is an argument; it chooses the form of the word
+  return MonthModel::tr("%1 hits", nullptr, PluralNumber(hits)).arg(NumberText(hits));
+}
 
 void MonthModel::Refresh() {
   daySums_.assign(List().Headings().size(), 0);
@@ -70,23 +81,37 @@ double MonthModel::DaySum(int column) const {
 
 // "15 Nov, 09:00 to 10:00: 12 hits"
 QString MonthModel::InWords(const QModelIndex& index) const {
-  return DayName(index.column()) + ", " + TwoFigures(index.row()) + ":00 to " +
-         TwoFigures(index.row() + 1) +
-         ":00: " + HitsText(LeadingNumber(Cell(index.row(), index.column())));
+  //: A day and month, the hour that begins, the one that ends, and "12 hits"
+  return tr("%1, %2:00 to %3:00: %4")
+      .arg(DayName(index.column()), TwoFigures(index.row()), TwoFigures(index.row() + 1),
+           HitsText(LeadingNumber(Cell(index.row(), index.column()))));
 }
 
 // "15, 09 hours, 12"
 QString MonthModel::Spoken(const QModelIndex& index) const {
   const QString hits = Shown(Cell(index.row(), index.column()));
-  return Day(index.column()) + ", " + TwoFigures(index.row()) + " hours, " +
-         (hits.isEmpty() ? "nothing" : hits);
+  //: Read aloud: a day of the month, an hour of the day, and a number of hits
+  return tr("%1, %2 hours, %3")
+      .arg(Day(index.column()), TwoFigures(index.row()), hits.isEmpty() ? tr("nothing") : hits);
 }
 
 QString MonthModel::Day(int column) const {
   return headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().trimmed();
 }
 
-QString MonthModel::DayName(int column) const { return Day(column) + ' ' + Day(0).left(3); }
+QString MonthModel::DayName(int column) const {
+  //: A day and its month: 15 Nov
+  return tr("%1 %2").arg(Day(column), MonthName());
+}
+
+QString MonthModel::MonthSumText() const {
+  //: A month and "12 hits"
+  return tr("%1: %2").arg(MonthName(), HitsText(monthSum_));
+}
+
+QString MonthModel::MonthName() const { return Day(0).left(3); }
+
+QString MonthSumsModel::Name() { return tr("Sums of the days"); }
 
 void MonthSumsModel::Refresh() {
   if (columns_ != month_.columnCount()) {
@@ -106,18 +131,22 @@ int MonthSumsModel::columnCount(const QModelIndex& parent) const {
 
 QVariant MonthSumsModel::data(const QModelIndex& index, int role) const {
   const double sum = month_.DaySum(index.column());
-  const QString words = month_.DayName(index.column()) + ": " + HitsText(sum);
   switch (role) {
     case Qt::DisplayRole:
-      return index.column() == 0 ? QString(kSum) : sum == 0 ? QString() : NumberText(sum);
+      return index.column() == 0 ? tr("Sum") : sum == 0 ? QString() : NumberText(sum);
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole:
-      return index.column() == 0 ? QVariant() : words;
+      return index.column() == 0 ? Name() : InWords(index.column());
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
     default:
       return {};
   }
+}
+
+QString MonthSumsModel::InWords(int column) const {
+  //: A day with its month, and "12 hits"
+  return tr("%1: %2").arg(month_.DayName(column), HitsText(month_.DaySum(column)));
 }
 
 }  // namespace tallyo

@@ -14,7 +14,6 @@ namespace {
 constexpr qint64 kMostBytes = qint64{16} << 20U;
 constexpr int kMostRedirects = 5;
 constexpr int kTimeoutMilliseconds = 60000;
-constexpr const char* kTooLong = "It is longer than 16 MiB.";
 
 QNetworkRequest RequestFor(const QUrl& address) {
   QNetworkRequest request(address);
@@ -50,7 +49,7 @@ LoadedDocument DocumentOf(QNetworkReply& reply) {
                           .type = reply.header(QNetworkRequest::ContentTypeHeader).toString(),
                           .problem = ""};
   if (reply.property("tooLong").toBool()) {
-    document.problem = kTooLong;
+    document.problem = PageLoader::tr("It is longer than 16 MiB.");
   } else if (!IsWhole(reply, document.body)) {
     document.problem = reply.errorString();
   }
@@ -59,7 +58,7 @@ LoadedDocument DocumentOf(QNetworkReply& reply) {
 
 }  // namespace
 
-PageLoader::PageLoader(std::filesystem::path ownFolder) : ownFolder_(std::move(ownFolder)) {}
+PageLoader::PageLoader(OwnDocuments documents) : documents_(std::move(documents)) {}
 
 PageLoader::~PageLoader() { Stop(); }
 
@@ -69,7 +68,7 @@ void PageLoader::Load(const QUrl& address, const Done& done) {
   } else if (address.scheme() == "http" || address.scheme() == "https") {
     Fetch(address, done);
   } else {
-    done({.address = address, .body = {}, .type = {}, .problem = "It is no web address."});
+    done({.address = address, .body = {}, .type = {}, .problem = tr("It is no web address.")});
   }
 }
 
@@ -85,26 +84,19 @@ void PageLoader::Stop() {
 }
 
 bool PageLoader::IsOwnFile(const QUrl& address) const {
-  std::error_code error;
-  const std::filesystem::path file = std::filesystem::weakly_canonical(
-      QFile::encodeName(address.toLocalFile()).toStdString(), error);
-  const std::filesystem::path folder = std::filesystem::weakly_canonical(ownFolder_, error);
-  if (error || !address.isLocalFile()) {
-    return false;
-  }
-  const std::string inFolder = file.lexically_relative(folder).string();
-  return !inFolder.empty() && inFolder != "." && !inFolder.starts_with("..");
+  return address.isLocalFile() &&
+         documents_.Hold(QFile::encodeName(address.toLocalFile()).toStdString());
 }
 
 LoadedDocument PageLoader::ReadFile(const QUrl& address) const {
   LoadedDocument document{.address = address, .body = {}, .type = {}, .problem = ""};
   QFile file(address.toLocalFile());
   if (!IsOwnFile(address)) {
-    document.problem = "It lies outside Tallyo's own folder.";
+    document.problem = tr("It lies outside Tallyo's own folder.");
   } else if (!file.open(QIODevice::ReadOnly)) {
     document.problem = file.errorString();
   } else if (file.size() > kMostBytes) {
-    document.problem = kTooLong;
+    document.problem = PageLoader::tr("It is longer than 16 MiB.");
   } else {
     document.body = file.read(kMostBytes);
   }

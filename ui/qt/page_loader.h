@@ -1,13 +1,15 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCoreApplication>
 #include <QNetworkAccessManager>
 #include <QObject>
 #include <QString>
 #include <QUrl>
-#include <filesystem>
 #include <functional>
 #include <memory>
+
+#include "ui/qt/own_documents.h"
 
 class QNetworkReply;
 
@@ -24,13 +26,15 @@ struct LoadedDocument {
 };
 
 // Loads documents for the web page viewer: over http and https without waiting, following at most
-// five redirects and none from https to http, and files of one folder at once. Documents over
-// 16 MiB are a problem, like those that cannot be reached. No cookies are kept.
+// five redirects and none from https to http, and files of the program's own folders at once.
+// Documents over 16 MiB are a problem, like those that cannot be reached. No cookies are kept.
 class PageLoader : public QObject {
+  Q_DECLARE_TR_FUNCTIONS(PageLoader)
+
  public:
   using Done = std::function<void(const LoadedDocument&)>;
 
-  explicit PageLoader(std::filesystem::path ownFolder);
+  explicit PageLoader(OwnDocuments documents);
   ~PageLoader() override;
   PageLoader(const PageLoader&) = delete;
   PageLoader& operator=(const PageLoader&) = delete;
@@ -41,7 +45,7 @@ class PageLoader : public QObject {
   // Gives up all that is loading.
   void Stop();
 
-  // Whether the address is a file that lies, links resolved, in the own folder.
+  // Whether the address is a file in one of the program's own folders.
   [[nodiscard]] bool IsOwnFile(const QUrl& address) const;
 
  private:
@@ -49,7 +53,7 @@ class PageLoader : public QObject {
   void Fetch(const QUrl& address, const Done& done);
   QNetworkAccessManager& Network();
 
-  std::filesystem::path ownFolder_;
+  OwnDocuments documents_;
   std::unique_ptr<QNetworkAccessManager> network_;  // made when the first page is fetched
 };
 

@@ -11,6 +11,12 @@ namespace {
 
 constexpr int kIntervalWidth = 1200;  // twips
 
+QLabel* LabelOf(QLineEdit& field, const QString& text) {
+  auto* const label = new QLabel(text, field.parentWidget());
+  label->setBuddy(&field);
+  return label;
+}
+
 }  // namespace
 
 PreferencesPanel::PreferencesPanel(ControlBinding& binding, QWidget* parent) : QWidget(parent) {
@@ -24,6 +30,7 @@ PreferencesPanel::PreferencesPanel(ControlBinding& binding, QWidget* parent) : Q
 void PreferencesPanel::AddBoxes(ControlBinding& binding, QVBoxLayout& column) {
   for (std::size_t i = 0; i < binding.Form().Check1.size(); ++i) {
     auto* const box = new QCheckBox(this);
+    box->setStyle(&style_);
     binding.Bind(binding.Form().Check1[i], *box, QString("Check1_%1").arg(i));
     column.addWidget(box);
   }
@@ -41,9 +48,9 @@ void PreferencesPanel::AddFields(ControlBinding& binding, QVBoxLayout& column) {
   binding.Bind(binding.Form().Text3, *url, *urlCaption, "Text3");
 
   fields->addWidget(intervalCaption, 0, 0);
-  fields->addWidget(new QLabel("every", this), 0, 1);
+  fields->addWidget(LabelOf(*interval, "every"), 0, 1);
   fields->addWidget(interval, 0, 2);
-  fields->addWidget(new QLabel("Hrs.", this), 0, 3);
+  fields->addWidget(LabelOf(*interval, "Hrs."), 0, 3);
   fields->addWidget(urlCaption, 1, 0);
   fields->addWidget(url, 1, 1, 1, 4);
   fields->setColumnStretch(4, 1);

@@ -3,6 +3,7 @@
 #include <QBoxLayout>
 #include <QWidget>
 
+#include "ui/qt/check_box_style.h"
 #include "ui/qt/control_binding.h"
 
 namespace tallyo {
@@ -15,6 +16,8 @@ class PreferencesPanel : public QWidget {
  private:
   void AddBoxes(ControlBinding& binding, QVBoxLayout& column);
   void AddFields(ControlBinding& binding, QVBoxLayout& column);
+
+  CheckBoxStyle style_;
 };
 
 }  // namespace tallyo

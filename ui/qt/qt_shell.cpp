@@ -7,7 +7,8 @@
 namespace tallyo {
 
 void QtShell::Open(const std::filesystem::path& document) {
-  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(document.c_str())));
+  const std::filesystem::path file = documents_.Find(document);
+  QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(file.c_str())));
 }
 
 }  // namespace tallyo

@@ -37,7 +37,7 @@ ReportView::ReportView(Mirror& mirror, ReportList& list, ReportModel& model, con
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setHighlightSections(false);
   FitRows();
-  auto* const copy = new QAction("Copy", this);
+  auto* const copy = new QAction(tr("Copy"), this);
   copy->setShortcut(QKeySequence::Copy);
   copy->setShortcutContext(Qt::WidgetShortcut);
   connect(copy, &QAction::triggered, this, [this] { Copy(); });

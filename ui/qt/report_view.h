@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QTableView>
 
 #include "form/report_list.h"
@@ -11,6 +12,8 @@ namespace tallyo {
 
 // A report list on the screen: whole rows are selected, nothing is edited, Ctrl+C copies.
 class ReportView : public QTableView {
+  Q_DECLARE_TR_FUNCTIONS(ReportView)
+
  public:
   // The model shows the list; both outlive the view.
   ReportView(Mirror& mirror, ReportList& list, ReportModel& model, const QString& name,

@@ -29,19 +29,20 @@ bool WriteWhole(const QString& name, const std::string& text) {
 TextPanel::TextPanel(ControlBinding& binding, QWidget* parent)
     : QWidget(parent), text_(binding.Form().Text4) {
   auto* const text = new QPlainTextEdit(this);
-  text->setAccessibleName("Text");
+  //: What the field on the text screen is called when it is read aloud
+  text->setAccessibleName(tr("Text"));
   QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
   font.setPointSizeF(text->font().pointSizeF());
   text->setFont(font);
   text->setTabChangesFocus(true);
   binding.Bind(binding.Form().Text4, *text, "Text4");
   text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-  auto* const copy = new QPushButton("&Copy", this);
+  auto* const copy = new QPushButton(tr("&Copy"), this);
   copy->setObjectName("CopyText");
-  copy->setAccessibleName("Copy");
-  auto* const save = new QPushButton("&Save As...", this);
+  copy->setAccessibleName(tr("Copy"));
+  auto* const save = new QPushButton(tr("&Save As..."), this);
   save->setObjectName("SaveTextAs");
-  save->setAccessibleName("Save As");
+  save->setAccessibleName(tr("Save As"));
   connect(copy, &QPushButton::clicked, this, [this] { Copy(); });
   connect(save, &QPushButton::clicked, this, [this] { SaveAs(); });
 
@@ -54,13 +55,16 @@ TextPanel::TextPanel(ControlBinding& binding, QWidget* parent)
   column->addLayout(buttons);
 }
 
-void TextPanel::Copy() const { QApplication::clipboard()->setText(Shown(text_.Text())); }
+// On the clipboard a line ends as in every text of the desktop; the file keeps the text's own ends.
+void TextPanel::Copy() const {
+  QApplication::clipboard()->setText(Shown(text_.Text()).replace("\r\n", "\n"));
+}
 
 void TextPanel::SaveAs() {
-  const QString name = QFileDialog::getSaveFileName(this, "Save As", "tallyo.txt",
-                                                    "Text files (*.txt);;All files (*)");
+  const QString name = QFileDialog::getSaveFileName(this, tr("Save As"), "tallyo.txt",
+                                                    tr("Text files (*.txt);;All files (*)"));
   if (!name.isEmpty() && !WriteWhole(name, text_.Text())) {
-    QMessageBox box(QMessageBox::Critical, "Tallyo", "The file cannot be written: " + name,
+    QMessageBox box(QMessageBox::Critical, "Tallyo", tr("The file cannot be written: %1").arg(name),
                     QMessageBox::Ok, this);
     box.setTextFormat(Qt::PlainText);
     box.exec();

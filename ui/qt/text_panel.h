@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QWidget>
 
 #include "ui/qt/control_binding.h"
@@ -8,6 +9,8 @@ namespace tallyo {
 
 // The text screen: what a command wrote, to be copied or saved.
 class TextPanel : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(TextPanel)
+
  public:
   TextPanel(ControlBinding& binding, QWidget* parent);
 

@@ -1,9 +1,9 @@
 #include "ui/qt/web_page_panel.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 
 #include "ui/qt/panel_layout.h"
-#include "ui/qt/shown_string.h"
 
 namespace tallyo {
 namespace {
@@ -17,19 +17,19 @@ QPushButton* NewButton(const QString& caption, const QString& name, QWidget* par
 
 }  // namespace
 
-WebPagePanel::WebPagePanel(ControlBinding& binding, QWidget* parent)
+WebPagePanel::WebPagePanel(ControlBinding& binding, const OwnDocuments& documents, QWidget* parent)
     : QWidget(parent),
       place_(new ElidedLabel(this)),
-      back_(NewButton("&Back", "WebBack", this)),
-      outside_(NewButton("Open in &browser", "OpenInBrowser", this)),
-      viewer_(new WebPageViewer(binding.View().Of().state.AppDir, this)) {
+      back_(NewButton(tr("&Back"), "WebBack", this)),
+      outside_(NewButton(tr("Open in b&rowser"), "OpenInBrowser", this)),
+      viewer_(new WebPageViewer(documents, this)) {
   WebViewer& control = binding.Form().WB1;
   viewer_->setObjectName("WB1");
-  viewer_->setAccessibleName("Web page");
+  viewer_->setAccessibleName(tr("Web page"));
   viewer_->OnMoved = [this] { ShowPlace(); };
   binding.View().Follow(control, [this, &control] {
     if (!control.Address().empty()) {
-      viewer_->Open(Shown(control.Address()));
+      viewer_->Open(control.Address());
     }
   });
   connect(back_, &QPushButton::clicked, this, [this] { viewer_->GoBack(); });
@@ -51,7 +51,7 @@ void WebPagePanel::ShowPlace() {
   back_->setEnabled(viewer_->CanGoBack());
   outside_->setEnabled(address.scheme() == "http" || address.scheme() == "https");
   const QString shown = address.isLocalFile() ? address.fileName() : address.toDisplayString();
-  place_->setText(viewer_->IsLoading() ? "Loading " + shown : shown);
+  place_->setText(viewer_->IsLoading() ? tr("Loading %1").arg(shown) : shown);
 }
 
 }  // namespace tallyo

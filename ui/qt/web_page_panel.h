@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QPushButton>
 #include <QWidget>
 
@@ -11,8 +12,10 @@ namespace tallyo {
 
 // The web page screen: the viewer with its address, and the ways back and out to a real browser.
 class WebPagePanel : public QWidget {
+  Q_DECLARE_TR_FUNCTIONS(WebPagePanel)
+
  public:
-  WebPagePanel(ControlBinding& binding, QWidget* parent);
+  WebPagePanel(ControlBinding& binding, const OwnDocuments& documents, QWidget* parent);
 
  private:
   void ShowPlace();

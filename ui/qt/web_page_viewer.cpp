@@ -2,10 +2,10 @@
 
 #include <QBuffer>
 #include <QDesktopServices>
+#include <QFile>
 #include <QImageReader>
 #include <QStringDecoder>
 #include <QTextDocument>
-#include <utility>
 
 #include "ui/qt/shown_string.h"
 
@@ -40,16 +40,20 @@ QPalette PaperPalette(QPalette palette) {
 
 }  // namespace
 
-WebPageViewer::WebPageViewer(std::filesystem::path ownFolder, QWidget* parent)
-    : QTextBrowser(parent), loader_(std::move(ownFolder)) {
+WebPageViewer::WebPageViewer(const OwnDocuments& documents, QWidget* parent)
+    : QTextBrowser(parent), documents_(documents), loader_(documents) {
   setOpenLinks(false);
   setPalette(PaperPalette(palette()));
   document()->setDocumentMargin(16);
   connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) { Follow(link); });
 }
 
-void WebPageViewer::Open(const QString& address) {
-  Go(address.startsWith('/') ? QUrl::fromLocalFile(address) : QUrl(address, QUrl::TolerantMode));
+void WebPageViewer::Open(const std::string& address) {
+  if (address.starts_with('/')) {
+    Go(QUrl::fromLocalFile(QFile::decodeName(documents_.Find(address).c_str())));
+  } else {
+    Go(QUrl(Shown(address), QUrl::TolerantMode));
+  }
 }
 
 void WebPageViewer::Go(const QUrl& address) {
@@ -87,7 +91,7 @@ void WebPageViewer::ShowDocument(const LoadedDocument& found) {
   } else if (found.type.startsWith("text/")) {
     setPlainText(TextOf(found));
   } else {
-    ShowProblem(found.address, "It is no page, but \"" + found.type + "\".");
+    ShowProblem(found.address, tr("It is no page, but \"%1\".").arg(found.type));
   }
   if (address_.hasFragment()) {
     scrollToAnchor(address_.fragment());
@@ -99,8 +103,8 @@ void WebPageViewer::ShowDocument(const LoadedDocument& found) {
 
 void WebPageViewer::ShowProblem(const QUrl& address, const QString& why) {
   const QString shown = address.isLocalFile() ? address.toLocalFile() : address.toString();
-  setHtml("<h2>This page cannot be shown</h2><p>" + Breakable(shown).toHtmlEscaped() + "</p><p>" +
-          Breakable(why).toHtmlEscaped() + "</p>");
+  setHtml("<h2>" + tr("This page cannot be shown").toHtmlEscaped() + "</h2><p>" +
+          Breakable(shown).toHtmlEscaped() + "</p><p>" + Breakable(why).toHtmlEscaped() + "</p>");
 }
 
 void WebPageViewer::Follow(const QUrl& link) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QImage>
 #include <QTextBrowser>
 #include <functional>
 #include <map>
+#include <string>
 #include <vector>
 
 #include "ui/qt/page_loader.h"
@@ -13,14 +15,16 @@ namespace tallyo {
 // Shows simple pages with their pictures. Links on the page's own host are followed here, all
 // others by the program that the person uses for them. Scripts do not run.
 class WebPageViewer : public QTextBrowser {
+  Q_DECLARE_TR_FUNCTIONS(WebPageViewer)
+
  public:
-  WebPageViewer(std::filesystem::path ownFolder, QWidget* parent);
+  WebPageViewer(const OwnDocuments& documents, QWidget* parent);
 
   // Runs when another page is shown or loaded.
   std::function<void()> OnMoved;
 
-  // An address, or the path of a file in the own folder. The page is there some time later.
-  void Open(const QString& address);
+  // An address, or the path of a file in the AppDir. The page is there some time later.
+  void Open(const std::string& address);
 
   // Back to the page before, if any.
   void GoBack();
@@ -40,6 +44,7 @@ class WebPageViewer : public QTextBrowser {
   void FetchPicture(const QUrl& address, const QUrl& name);
   void ShowPicture(const QByteArray& content, const QUrl& name);
 
+  OwnDocuments documents_;
   PageLoader loader_;
   QUrl address_;
   bool loading_ = false;

@@ -15,7 +15,7 @@ constexpr qsizetype kLongestTitle = 1000;  // characters that are worth measurin
 
 WindowMenus::WindowMenus(Mirror& mirror, QWidget* parent) : QMenuBar(parent), mirror_(mirror) {
   setObjectName("MenuBar");
-  setAccessibleName("Menus");
+  setAccessibleName(tr("Menus"));
   MainForm& form = mirror_.Form();
   for (MenuItem* const menu : {&form.mnuFile, &form.mnuOpts, &form.mnuWindow, &form.mnuHelp}) {
     AddMenu(*menu);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QMenuBar>
 
 #include "form/menu_item.h"
@@ -9,6 +10,8 @@ namespace tallyo {
 
 // The menu bar: its menus with their items, and at its end the title that only displays.
 class WindowMenus : public QMenuBar {
+  Q_DECLARE_TR_FUNCTIONS(WindowMenus)
+
  public:
   WindowMenus(Mirror& mirror, QWidget* parent);
 

@@ -48,7 +48,9 @@ ProgramOptions OptionsOf(const QCommandLineParser& parser) {
   if (!url.ends_with('/')) {
     url += '/';  // paths are appended without one
   }
-  CheckAddress(url);
+  if (parser.isSet(kServiceUrl)) {
+    CheckAddress(url);
+  }
   const std::filesystem::path folder(QFile::encodeName(parser.value(kAppDir)).toStdString());
   return {.appDir = std::filesystem::absolute(folder).lexically_normal(), .serviceBaseUrl = url};
 }

@@ -120,6 +120,12 @@ if(TALLYO_WINDOW)
   install(FILES ${documents} DESTINATION "${share}/tallyo" COMPONENT tallyo)
   install(TARGETS tallyo RUNTIME DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
   install(FILES ${documents} DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL)
+  # There are translations where lrelease was there to make them.
+  set(translations "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/translations")
+  install(DIRECTORY "${translations}" DESTINATION "${share}/tallyo" COMPONENT tallyo OPTIONAL
+          FILES_MATCHING PATTERN "*.qm")
+  install(DIRECTORY "${translations}" DESTINATION . COMPONENT portable EXCLUDE_FROM_ALL OPTIONAL
+          FILES_MATCHING PATTERN "*.qm")
 
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS
                CHANGELOG.md packaging/desktop/releases.awk)

@@ -6,10 +6,13 @@
 #include <dlfcn.h>
 
 #include <cstdarg>
-#include <stdexcept>
 #include <string>
 
+#include "platform/transport_failure.h"
+
 namespace {
+
+using Reason = tallyo::TransportFailure::Reason;
 
 // The variable arguments of libcurl are handed on as one pointer.
 static_assert(sizeof(long) == sizeof(void*) && sizeof(curl_off_t) == sizeof(void*));
@@ -17,7 +20,7 @@ static_assert(sizeof(long) == sizeof(void*) && sizeof(curl_off_t) == sizeof(void
 void* LoadedCurl() {
   static void* const library = dlopen("libcurl.so.4", RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) {
-    throw std::runtime_error(std::string("libcurl cannot be loaded: ") + dlerror());
+    throw tallyo::TransportFailure(Reason::Failed, "libcurl.so.4 cannot be loaded");
   }
   return library;
 }
@@ -27,7 +30,7 @@ template <typename Function>
 Function* Loaded(const char* name) {
   void* const found = dlsym(LoadedCurl(), name);
   if (found == nullptr) {
-    throw std::runtime_error(std::string("libcurl is too old: it has no ") + name);
+    throw tallyo::TransportFailure(Reason::Failed, std::string("libcurl has no ") + name);
   }
   return reinterpret_cast<Function*>(found);
 }

@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QScreen>
 #include <QStatusBar>
 #include <algorithm>
 
@@ -16,6 +15,7 @@
 #include "ui/qt/preferences_panel.h"
 #include "ui/qt/service_info_panel.h"
 #include "ui/qt/shown_string.h"
+#include "ui/qt/stay_on_screen.h"
 #include "ui/qt/text_panel.h"
 #include "ui/qt/twips.h"
 #include "ui/qt/web_page_panel.h"
@@ -189,22 +189,7 @@ void MainWindow::FitToFrame() {
   const QSize size(Pixels(frame.width), std::max(Pixels(frame.height), bars + bottom + strip));
   strip_->setGeometry(Pixels(kStripMargin), bottom, size.width() - 2 * Pixels(kStripMargin), strip);
   setFixedSize(size);
-  StayOnScreen();
-}
-
-// A larger screen than the one before may not reach beyond the edge of the desktop.
-void MainWindow::StayOnScreen() {
-  const QRect desktop = screen()->availableGeometry();
-  QRect frame = frameGeometry();
-  frame.setSize(frame.size() - geometry().size() + size());
-  if (!isVisible() || desktop.contains(frame)) {
-    return;
-  }
-  frame.moveRight(std::min(frame.right(), desktop.right()));
-  frame.moveBottom(std::min(frame.bottom(), desktop.bottom()));
-  frame.moveLeft(std::max(frame.left(), desktop.left()));
-  frame.moveTop(std::max(frame.top(), desktop.top()));
-  move(frame.topLeft());
+  StayOnScreen(*this);
 }
 
 // A screen that the program asks no field of is entered at its first control.
@@ -244,6 +229,9 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
 
 void MainWindow::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+    FitToFrame();
+  }
   if (event->type() == QEvent::WindowStateChange && isVisible()) {
     const WindowState state = isMinimized() ? WindowState::Minimized : WindowState::Normal;
     mirror_.Send([&] {

@@ -49,7 +49,6 @@ class MainWindow : public QMainWindow {
   void ShowPanels();
   void ShowFrame();
   void FitToFrame();
-  void StayOnScreen();
   void FocusScreen();
   [[nodiscard]] QWidget* ShownPanel() const;
 

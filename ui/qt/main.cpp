@@ -1,3 +1,5 @@
+#include <malloc.h>
+
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
@@ -100,6 +102,7 @@ void Describe(QApplication& application) {
       icon.addFile(QString(":/icons/tallyo-%1.png").arg(size), {size, size});
     }
     QApplication::setWindowIcon(icon);
+    ::malloc_trim(0);  // starting takes memory that is not needed any more
   });
 }
 

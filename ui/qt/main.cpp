@@ -1,5 +1,3 @@
-#include <malloc.h>
-
 #include <QApplication>
 #include <QFile>
 #include <QIcon>
@@ -102,7 +100,6 @@ void Describe(QApplication& application) {
       icon.addFile(QString(":/icons/tallyo-%1.png").arg(size), {size, size});
     }
     QApplication::setWindowIcon(icon);
-    ::malloc_trim(0);  // starting takes memory that is not needed any more
   });
 }
 

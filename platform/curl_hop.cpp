@@ -5,6 +5,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/curl_on_demand.h"
 #include "platform/transport_failure.h"
 
 namespace tallyo {
@@ -26,7 +27,7 @@ bool IsRedirect(long status) {
 
 template <typename Value>
 void CurlHop::Set(CURLoption option, Value value) {
-  const CURLcode code = (curl_easy_setopt)(easy_.get(), option, value);
+  const CURLcode code = CurlSetOption()(easy_.get(), option, value);
   if (code == CURLE_OUT_OF_MEMORY) throw std::bad_alloc();
   ThrowIfFailed(code);
 }
@@ -78,7 +79,7 @@ bool CurlHop::Append(const char* bytes, std::size_t count) {
   }
   if (body_.empty()) {
     curl_off_t announced = 0;
-    curl_easy_getinfo(easy_.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
+    CurlGetInfo()(easy_.get(), CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &announced);
     if (announced > 0) body_.reserve(std::min(static_cast<std::size_t>(announced), kMostBodyBytes));
   }
   body_.append(bytes, count);
@@ -130,7 +131,7 @@ std::string CurlHop::WhyFailed(CURLcode code) const {
 
 std::optional<std::string> CurlHop::Location() const {
   long status = 0;
-  curl_easy_getinfo(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
+  CurlGetInfo()(easy_.get(), CURLINFO_RESPONSE_CODE, &status);
   curl_header* location = nullptr;
   if (!IsRedirect(status) ||
       curl_easy_header(easy_.get(), "Location", 0, CURLH_HEADER, -1, &location) != CURLHE_OK) {

@@ -2,10 +2,10 @@
 // fetch nothing. So the programs are not linked with it: the functions of it that they call stand
 // here, and load it with their first call.
 
-#include <curl/curl.h>
+#include "platform/curl_on_demand.h"
+
 #include <dlfcn.h>
 
-#include <cstdarg>
 #include <string>
 
 #include "platform/transport_failure.h"
@@ -13,9 +13,6 @@
 namespace {
 
 using Reason = tallyo::TransportFailure::Reason;
-
-// The variable arguments of libcurl are handed on as one pointer.
-static_assert(sizeof(long) == sizeof(void*) && sizeof(curl_off_t) == sizeof(void*));
 
 void* LoadedCurl() {
   static void* const library = dlopen("libcurl.so.4", RTLD_NOW | RTLD_LOCAL);
@@ -37,9 +34,19 @@ Function* Loaded(const char* name) {
 
 }  // namespace
 
-// The header's checks of arguments would stand in the way of the definitions.
-#undef curl_easy_setopt
-#undef curl_easy_getinfo
+namespace tallyo {
+
+decltype(&curl_easy_setopt) CurlSetOption() {
+  static auto* const function = Loaded<CURLcode(CURL*, CURLoption, ...)>("curl_easy_setopt");
+  return function;
+}
+
+decltype(&curl_easy_getinfo) CurlGetInfo() {
+  static auto* const function = Loaded<CURLcode(CURL*, CURLINFO, ...)>("curl_easy_getinfo");
+  return function;
+}
+
+}  // namespace tallyo
 
 // FORWARD(RESULT, NAME, (PARAMETERS), (ARGUMENTS))
 #define FORWARD(result, name, parameters, arguments)                \
@@ -79,25 +86,5 @@ FORWARD(CURLUcode, curl_url_get, (CURLU * url, CURLUPart part, char** text, unsi
         (url, part, text, flags))
 FORWARD(CURLUcode, curl_url_set, (CURLU * url, CURLUPart part, const char* text, unsigned flags),
         (url, part, text, flags))
-
-// NOLINTBEGIN(cert-dcl50-cpp,cppcoreguidelines-pro-type-vararg): libcurl has them so.
-CURLcode curl_easy_setopt(CURL* easy, CURLoption option, ...) {
-  static auto* const function = Loaded<CURLcode(CURL*, CURLoption, ...)>("curl_easy_setopt");
-  std::va_list arguments;
-  va_start(arguments, option);
-  void* const value = va_arg(arguments, void*);
-  va_end(arguments);
-  return function(easy, option, value);
-}
-
-CURLcode curl_easy_getinfo(CURL* easy, CURLINFO info, ...) {
-  static auto* const function = Loaded<CURLcode(CURL*, CURLINFO, ...)>("curl_easy_getinfo");
-  std::va_list arguments;
-  va_start(arguments, info);
-  void* const place = va_arg(arguments, void*);
-  va_end(arguments);
-  return function(easy, info, place);
-}
-// NOLINTEND(cert-dcl50-cpp,cppcoreguidelines-pro-type-vararg)
 
 }  // extern "C"

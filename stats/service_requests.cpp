@@ -74,8 +74,8 @@ std::string ServiceRequests::DocumentAddress(std::string_view path) const {
   return state_.ServiceBaseUrl + std::string(names::AppTitle) + "/" + std::string(path);
 }
 
-void ServiceRequests::SetDetail(int row, std::string text) {
-  form_.ListView3.SetValue(row, 1, std::move(text));
+void ServiceRequests::SetDetail(int row, std::string_view text) {
+  form_.ListView3.SetValue(row, 1, text);
 }
 
 }  // namespace tallyo

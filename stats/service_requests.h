@@ -52,7 +52,7 @@ class ServiceRequests {
 
  private:
   [[nodiscard]] std::string Fetch(const std::string& url);
-  void SetDetail(int row, std::string text);
+  void SetDetail(int row, std::string_view text);
 
   MainForm& form_;
   const SharedState& state_;

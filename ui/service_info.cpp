@@ -2,7 +2,6 @@
 
 #include <array>
 #include <string>
-#include <utility>
 
 #include "settings/names.h"
 #include "stats/byte_count.h"
@@ -71,8 +70,6 @@ void ServiceInfo::SlotsLeftChanged() {
   }
 }
 
-void ServiceInfo::Show(int row, std::string value) {
-  form_.ListView3.SetValue(row, 1, std::move(value));
-}
+void ServiceInfo::Show(int row, std::string_view value) { form_.ListView3.SetValue(row, 1, value); }
 
 }  // namespace tallyo

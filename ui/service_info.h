@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 #include "account/account_verification.h"
 #include "form/main_form.h"
@@ -26,7 +27,7 @@ class ServiceInfo {
 
  private:
   void SlotsLeftChanged();
-  void Show(int row, std::string value);
+  void Show(int row, std::string_view value);
 
   MainForm& form_;
   const SharedState& state_;

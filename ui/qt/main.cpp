@@ -96,7 +96,7 @@ void Describe(QApplication& application) {
   // The pictures are read once the window stands: nobody waits for them.
   QTimer::singleShot(100, &application, [] {
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    for (const int size : {16, 24, 32, 48, 64, 128}) {
       icon.addFile(QString(":/icons/tallyo-%1.png").arg(size), {size, size});
     }
     QApplication::setWindowIcon(icon);

@@ -131,7 +131,8 @@ void MainWindow::MakeStatusLine() {
 
 void MainWindow::FollowTimer() {
   Timer& timer = mirror_.Form().Timer1;
-  connect(&timer_, &QTimer::timeout, this, [this, &timer] { mirror_.Send([&] { timer.Tick(); }); });
+  connect(&timer_, &QTimer::timeout, this,
+          [this, &timer] { mirror_.SendTick([&] { timer.Tick(); }); });
   mirror_.Follow(timer, [this, &timer] {
     if (!timer.Enabled()) {
       timer_.stop();

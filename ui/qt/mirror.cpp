@@ -20,11 +20,16 @@ void Mirror::Follow(Control& control, std::function<void()> show) {
 }
 
 void Mirror::Send(const std::function<void()>& event) {
+  SendTick(event);
+  if (!program_.Ended()) {
+    Queue();
+  }
+}
+
+void Mirror::SendTick(const std::function<void()>& event) {
   program_.Dispatch(event);
   if (program_.Ended()) {
     QCoreApplication::exit(0);
-  } else {
-    Queue();
   }
 }
 

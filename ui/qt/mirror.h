@@ -28,8 +28,11 @@ class Mirror : public QObject {
   // followed once; `show` must work for as long as the mirror lives.
   void Follow(Control& control, std::function<void()> show);
 
-  // Hands one event to the program.
+  // Hands one event of a widget to the program; a pass follows, since the widget may have moved.
   void Send(const std::function<void()>& event);
+
+  // Hands over an event that no widget knows of: a pass follows only where a control has changed.
+  void SendTick(const std::function<void()>& event);
 
   // Shows what has changed, now.
   void ShowChanges();

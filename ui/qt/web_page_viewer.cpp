@@ -18,7 +18,10 @@ constexpr std::size_t kMostEarlierPages = 50;
 
 QString TextOf(const LoadedDocument& document) {
   const QString charset = document.type.section("charset=", 1, 1).section(';', 0, 0).remove('"');
-  QStringDecoder decoder(charset.trimmed().toLatin1().constData());
+  QStringDecoder decoder;
+  if (!charset.isEmpty()) {  // to look for a name that is none loads a large library
+    decoder = QStringDecoder(charset.trimmed().toLatin1().constData());
+  }
   if (!decoder.isValid()) {
     decoder = QStringDecoder::decoderForHtml(document.body);
   }

@@ -81,7 +81,7 @@ ExitStatus RunLasting(Console& console,
   SqliteStore store(StoreFile(console.options.appDir), StoreAccess::ReadWrite);
   SayProblem(console, store, lock.Result());
   PosixFiles files;
-  CurlTransfer transfer("Tallyo/" + Version());
+  CurlTransfer transfer(UserAgent());
   SignalPump pump;
   TerminalBoxes boxes(console, pump);
   NoShell shell;

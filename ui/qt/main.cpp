@@ -116,7 +116,7 @@ int Run(int argc, char** argv, const ProgramOptions& options) {
   SqliteStore store(options.appDir / "settings.db", StoreAccess::ReadWrite);
   SayProblem(store, lock, options.appDir);
   PosixFiles files;
-  CurlTransfer transfer("Tallyo/" + ShortVersion());
+  CurlTransfer transfer(UserAgent());
   QtPump pump;
   QtBoxes boxes(pump);
   const OwnDocuments documents(options.appDir, DocumentDir());

@@ -22,8 +22,7 @@ QNetworkRequest RequestFor(const QUrl& address) {
   request.setMaximumRedirectsAllowed(kMostRedirects);
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  request.setHeader(QNetworkRequest::UserAgentHeader,
-                    QString::fromStdString("Tallyo/" + ShortVersion()));
+  request.setHeader(QNetworkRequest::UserAgentHeader, QString::fromStdString(UserAgent()));
   request.setTransferTimeout(kTimeoutMilliseconds);
   return request;
 }

@@ -36,8 +36,9 @@ bool Interruption::WaitReadable(int descriptor, MonotonicTime until) const {
     const auto patience = static_cast<int>(std::clamp<milliseconds::rep>(left, 0, 1'000'000));
     const int ready = ::poll(waiting.data(), waiting.size(), patience);
     if (ready > 0 && waiting[0].revents != 0) {
-      signalfd_siginfo taken{};  // what is put away now may wait in its turn
-      static_cast<void>(::read(signals_, &taken, sizeof taken));
+      // What is put away now may wait in its turn; a signal that is still there interrupts again.
+      signalfd_siginfo taken{};
+      [[maybe_unused]] const ssize_t size = ::read(signals_, &taken, sizeof taken);
       throw Interrupted();
     }
     if (ready > 0 || left <= 0) {

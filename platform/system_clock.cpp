@@ -6,6 +6,8 @@
 namespace tallyo {
 namespace {
 
+constexpr int kMinuteSeconds = 60;
+
 LocalTime ReadSecond(std::time_t moment) {
   // localtime_r alone need not look at TZ.
   ::tzset();
@@ -29,11 +31,15 @@ LocalTime SystemClock::Now() const {
   const auto now = std::chrono::system_clock::now();
   const auto wholeSecond = std::chrono::floor<std::chrono::seconds>(now);
   const std::time_t moment = std::chrono::system_clock::to_time_t(wholeSecond);
-  if (moment != readAt_) {
-    second_ = ReadSecond(moment);
+  // Within a minute nothing but the seconds changes, whatever the time zone is.
+  if (!readAt_ || moment < *readAt_ || last_.second + (moment - *readAt_) >= kMinuteSeconds) {
+    last_ = ReadSecond(moment);
     readAt_ = moment;
   }
-  LocalTime time = second_;
+  const auto passed = static_cast<int>(moment - *readAt_);
+  LocalTime time = last_;
+  time.second += passed;
+  time.secondsSinceMidnight += passed;
   time.secondsSinceMidnight += std::chrono::duration<double>(now - wholeSecond).count();
   return time;
 }

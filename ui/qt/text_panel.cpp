@@ -27,16 +27,12 @@ bool WriteWhole(const QString& name, const std::string& text) {
 }  // namespace
 
 TextPanel::TextPanel(ControlBinding& binding, QWidget* parent)
-    : QWidget(parent), text_(binding.Form().Text4) {
-  auto* const text = new QPlainTextEdit(this);
+    : QWidget(parent), text_(binding.Form().Text4), field_(new QPlainTextEdit(this)) {
   //: What the field on the text screen is called when it is read aloud
-  text->setAccessibleName(tr("Text"));
-  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  font.setPointSizeF(text->font().pointSizeF());
-  text->setFont(font);
-  text->setTabChangesFocus(true);
-  binding.Bind(binding.Form().Text4, *text, "Text4");
-  text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  field_->setAccessibleName(tr("Text"));
+  field_->setTabChangesFocus(true);
+  binding.Bind(binding.Form().Text4, *field_, "Text4");
+  field_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   auto* const copy = new QPushButton(tr("&Copy"), this);
   copy->setObjectName("CopyText");
   copy->setAccessibleName(tr("Copy"));
@@ -47,7 +43,7 @@ TextPanel::TextPanel(ControlBinding& binding, QWidget* parent)
   connect(save, &QPushButton::clicked, this, [this] { SaveAs(); });
 
   QVBoxLayout* const column = PanelLayout(*this);
-  column->addWidget(text, 1);
+  column->addWidget(field_, 1);
   auto* const buttons = new QHBoxLayout;
   buttons->addStretch(1);
   buttons->addWidget(copy);
@@ -69,6 +65,14 @@ void TextPanel::SaveAs() {
     box.setTextFormat(Qt::PlainText);
     box.exec();
   }
+}
+
+// A second font is read from the disk once somebody wants to see it.
+void TextPanel::showEvent(QShowEvent* event) {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(this->font().pointSizeF());
+  field_->setFont(font);
+  QWidget::showEvent(event);
 }
 
 }  // namespace tallyo

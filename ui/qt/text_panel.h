@@ -5,6 +5,8 @@
 
 #include "ui/qt/control_binding.h"
 
+class QPlainTextEdit;
+
 namespace tallyo {
 
 // The text screen: what a command wrote, to be copied or saved.
@@ -14,11 +16,15 @@ class TextPanel : public QWidget {
  public:
   TextPanel(ControlBinding& binding, QWidget* parent);
 
+ protected:
+  void showEvent(QShowEvent* event) override;
+
  private:
   void Copy() const;
   void SaveAs();
 
   const TextBox& text_;
+  QPlainTextEdit* field_;
 };
 
 }  // namespace tallyo

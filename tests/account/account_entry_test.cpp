@@ -29,7 +29,7 @@ class AccountEntryTest : public testing::Test {
   test::MonitoredProgram t_;
 };
 
-TEST_F(AccountEntryTest, StoresThePairThatTheServiceAccepted) {
+TEST_F(AccountEntryTest, StoresThePairThatTheServiceAcceptedAndKeepsItWhereANewOneIsRefused) {
   t_.GiveAccount(10, "01/15/2027", false);
   Type("Acme", "mysite");
   t_.server.Hold(test::kAccountPath);
@@ -38,20 +38,17 @@ TEST_F(AccountEntryTest, StoresThePairThatTheServiceAccepted) {
   EXPECT_EQ(Stored(), "Acme|mysite");
   EXPECT_THAT(t_.Boxes().Texts(),
               ElementsAre("Welcome Acme Your account information has been saved"));
+  EXPECT_EQ(t_.Form().TmnuDisTitle.Caption(), "        Tallyo  user: Acme, account: mysite");
   EXPECT_FALSE(t_.Form().mnuSave.Enabled());
   EXPECT_EQ(t_.Form().Focused(), &t_.Form().Text1[field::kLinkPath]);
-}
-
-TEST_F(AccountEntryTest, KeepsTheStoredPairWhereTheNewOneIsRefused) {
-  t_.Set(names::kUser, "Old");
-  t_.Set(names::kAccount, "old");
-  for (const char* record : {"com=ACME,acc=mysite\n", "404 Not Found", "com=Acme,rest\n"}) {
-    Type("Acme", "mysite");
+  t_.Form().SetFocus(t_.Form().Text1[field::kSizeKb]);
+  Type("New", "mysite");
+  for (const char* record : {"com=NEW,acc=mysite\n", "404 Not Found", "com=New,rest\n"}) {
     t_.server.Answer(test::kAccountPath, record);
     EXPECT_FALSE(t_.P().account.SaveAccount());
-    EXPECT_EQ(Stored(), "Old|old");
-    EXPECT_EQ(t_.Boxes().Shown().size(), 1U) << "nothing but what the check says";
-    EXPECT_EQ(t_.Form().Focused(), nullptr);
+    EXPECT_EQ(Stored(), "Acme|mysite");
+    EXPECT_EQ(t_.Boxes().Shown().size(), 2U) << "what the check says";
+    EXPECT_EQ(t_.Form().Focused(), &t_.Form().Text1[field::kSizeKb]);
   }
 }
 
@@ -62,7 +59,6 @@ TEST_F(AccountEntryTest, TellsByTheStoredPairWhetherAnAccountIsSet) {
     t_.Set(names::kUser, company);
     t_.Set(names::kAccount, account);
     const bool set = expected == 2;
-    Type(set ? "" : "Acme", set ? "" : "mysite");
     t_.Form().mnuViewStats.SetEnabled(!set);
     t_.Form().mnuUpgrade.SetEnabled(!set);
     t_.Form().ListView3.SetValue(detail::kAccountStatus, 1, "Normal");

@@ -28,13 +28,8 @@ class MonitoredLinksTest : public testing::Test {
     }
     program.Start();
   }
-  [[nodiscard]] Texts Stored() { return StoredRecords(program.Store()); }
-  void Append(const std::string& name) {
-    program.P().links.AppendMonitoredLink({"1", name, "r" + name, "p" + name});
-  }
   [[nodiscard]] int Next() { return program.P().state.NextLinkIndex; }
   [[nodiscard]] const Texts& Items() { return program.Form().Combo1.Items(); }
-  [[nodiscard]] std::string SlotsLeft() { return program.Form().Label4[0].Caption(); }
 
   test::MonitoredProgram program;
 };
@@ -59,65 +54,42 @@ TEST_F(MonitoredLinksTest, LoadsUpToTheFirstRecordThatIsNone) {
   }
 }
 
-TEST_F(MonitoredLinksTest, AppendsAfterTheLastWhereAskedTo) {
-  const Table<bool, const char*, int> cases = {
-      {false, "", 2}, {false, "1", 3}, {true, "", 3}, {true, "0", 2}, {true, "1", 3}};
-  for (const auto& [built, setting, next] : cases) {
-    program.appendAfterLast = built;
-    program.Set(names::kAppendAfterLast, setting);
-    StartWith({kA, kB});
-    EXPECT_EQ(Next(), next) << built << " " << setting;
-  }
-  Append("C");
-  EXPECT_THAT(Stored(), ElementsAre(kA, kB, kC));
-}
-
 TEST_F(MonitoredLinksTest, AppendsOneBehindTheOtherAndBehind99) {
   program.Start();
   program.P().state.MaxSlots = 5;
+  const auto append = [&](const std::string& name) {
+    program.P().links.AppendMonitoredLink({"1", name, "r" + name, "p" + name});
+  };
   for (const char* name : {"A", "B", "C"}) {
-    Append(name);
+    append(name);
   }
-  EXPECT_THAT(Stored(), ElementsAre(kA, kB, kC));
+  EXPECT_THAT(StoredRecords(program.Store()), ElementsAre(kA, kB, kC));
   EXPECT_THAT(Items(), ElementsAre("A", "B", "C"));
   EXPECT_EQ(Next(), 4);
-  EXPECT_EQ(SlotsLeft(), "2");
+  EXPECT_EQ(program.Form().Label4[0].Caption(), "2");
   for (int number = 4; number <= 101; ++number) {
-    Append("n" + std::to_string(number));
+    append("n" + std::to_string(number));
   }
   EXPECT_EQ(program.Record("100"), "1,n100,rn100,pn100");
   LinkFields fields;
   EXPECT_EQ(program.P().links.FindMonitoredLink(fields, "n101", FindBy::FriendlyName).Number(),
             "101");
-}
-
-TEST_F(MonitoredLinksTest, TheFirstAppendAfterARestartOverwritesTheLast) {
-  StartWith({kA, kB});
-  Append("C");
-  EXPECT_THAT(Stored(), ElementsAre(kA, kC));
-  EXPECT_THAT(Items(), ElementsAre("A", "B", "C"));
-  EXPECT_EQ(SlotsLeft(), "-3");
-  Append("D");
-  EXPECT_THAT(Stored(), ElementsAre(kA, kC, "1,D,rD,pD"));
+  SqliteStore other(program.folder.Path() / "settings.db", StoreAccess::ReadWrite);
+  other.DeleteKey(Hive::LocalMachine, RecordKey(2));
+  EXPECT_FALSE(program.P().links.FindMonitoredLink(fields, "n101", FindBy::FriendlyName).found);
 }
 
 TEST_F(MonitoredLinksTest, RemovingRenumbersWhatIsBehind) {
   const Table<Texts, const char*, Texts> cases = {
-      {{kA, kB, kC}, "A", {kB, kC}}, {{kA, kB, kC}, "B", {kA, kC}},
-      {{kA, kB, kC}, "C", {kA, kB}}, {{kA}, "A", {}},
-      {{kA, kB}, "a", {kA, kB}},     {{kA, kB, kA}, "A", {kB, kA}}};
+      {{kA, kB, kC}, "A", {kB, kC}}, {{kA, kB}, "B", {kA}}, {{kA, kB}, "a", {kA, kB}}};
   for (const auto& [records, removed, left] : cases) {
-    SCOPED_TRACE(std::to_string(records.size()) + removed);
     StartWith(records);
     const auto count = static_cast<int>(records.size());
     program.P().state.MaxSlots = 10;
     program.P().links.RemoveMonitoredLink(removed);
-    EXPECT_EQ(Stored(), left);
-    EXPECT_EQ(program.Store().KeyExists(Hive::LocalMachine, RecordKey(count)),
-              left.size() == records.size());
+    EXPECT_EQ(StoredRecords(program.Store()), left) << removed;
     EXPECT_EQ(Next(), count - 1);
-    EXPECT_EQ(program.Form().Combo1.Count(), count);
-    EXPECT_EQ(SlotsLeft(), std::to_string(10 - count));
+    EXPECT_EQ(program.Form().Label4[0].Caption(), std::to_string(10 - count));
   }
 }
 

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <stdexcept>
 #include <string>
 
 #include "platform/transport_failure.h"
@@ -75,37 +74,29 @@ TEST_F(CurlTransferTest, SendsAPlainRequestAndNothingOfTheOneBefore) {
                                           "\r\nUser-Agent: Tallyo/1.1\r\nAccept: */*\r\n\r\n");
 }
 
-TEST_F(CurlTransferTest, ReturnsTheBodyOfEveryWholeAnswerAsItWasSent) {
+TEST_F(CurlTransferTest, ReturnsTheBodyOfAWholeAnswerAsItWasSent) {
   const std::string binary("a\r\n\0b", 5);
-  const Table<std::string, Then, std::string> cases = {
-      {"HTTP/1.1 500 No\r\nContent-Length: 5\r\n\r\n" + binary, Then::KeepAlive, binary},
-      {"HTTP/1.1 302 Go\r\nLocation: /x\r\nContent-Length: 4\r\n\r\ngone", Then::KeepAlive, "gone"},
-      {"HTTP/1.1 200 OK\r\n\r\nuntil the end", Then::Close, "until the end"},
-      {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n2\r\nab\r\n1\r\nc\r\n0\r\n\r\n",
-       Then::KeepAlive, "abc"},
-      {"HTTP/1.1 200 OK\r\nContent-Encoding: gzip\r\nContent-Length: 3\r\n\r\nraw", Then::KeepAlive,
-       "raw"},
-      {"HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\nok", Then::Reset, "ok"}};
-  for (const auto& [answer, then, body] : cases) {
-    server_.AnswerRaw("/", answer, then);
-    EXPECT_EQ(Get(server_.Url()), body) << answer;
-  }
+  server_.AnswerRaw("/", "HTTP/1.1 500 No\r\nContent-Length: 5\r\n\r\n" + binary, Then::Reset);
+  EXPECT_EQ(Get(server_.Url()), binary);
+  const std::string most(kMostBodyBytes, 'x');
+  server_.AnswerRaw("/most", "HTTP/1.1 200 OK\r\n\r\n" + most, Then::Close);
+  EXPECT_EQ(Get(server_.Url("/most")), most);
 }
 
-TEST_F(CurlTransferTest, FailsWhereTheAnswerIsNotWholeOrNone) {
+TEST_F(CurlTransferTest, SaysWhyAnAnswerIsNotWholeOrNone) {
   const std::string ok = "HTTP/1.1 200 OK\r\n";
   const Table<std::string, Then, std::string> cases = {
       {"", Then::Close, "HOST closed the connection without an answer"},
       {"", Then::Reset, "the connection to HOST was lost"},
       {ok + "Content-Length: 5\r\n\r\nabcd", Then::Close, "the answer of HOST was cut short"},
       {ok + "Content-Length: 5\r\n\r\nabcd", Then::Reset, "the connection to HOST was lost"},
-      {ok + "Transfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n", Then::Close,
-       "the answer of HOST was cut short"},
       {"\x1B[31mnot\x07 HTTP\r\n", Then::Close, "the answer of HOST is not HTTP"},
-      {ok + "X: " + std::string(60000, 'x') + "\r\n" + "Y: " + std::string(90000, 'y') + "\r\n" +
-           "Z: " + std::string(90000, 'z') + "\r\n" + "A: " + std::string(60000, 'a') + "\r\n\r\n",
+      {ok + "X: " + std::string(90000, 'x') + "\r\nY: " + std::string(90000, 'y') +
+           "\r\nZ: " + std::string(90000, 'z') + "\r\n\r\n",
        Then::Hold, "the header of the answer of HOST is larger than 256 KiB"},
       {ok + "Content-Length: " + std::to_string(kMostBodyBytes + 1) + "\r\n\r\n", Then::Hold,
+       "the answer of HOST is larger than 16 MiB"},
+      {ok + "\r\n" + std::string(kMostBodyBytes + 1, 'x'), Then::Close,
        "the answer of HOST is larger than 16 MiB"}};
   server_.Answer("/well", "well");
   for (const auto& [bytes, then, message] : cases) {
@@ -123,24 +114,9 @@ TEST_F(CurlTransferTest, FailsWhereTheAnswerIsNotWholeOrNone) {
             "the address does not begin with http:// or https://");
 }
 
-TEST_F(CurlTransferTest, TakesABodyOfSixteenMebibytesAndNotAByteMore) {
-  const std::string most(kMostBodyBytes, 'x');
-  const std::string untilTheEnd = "HTTP/1.1 200 OK\r\n\r\n";
-  server_.Answer("/announced", most);
-  server_.AnswerRaw("/most", untilTheEnd + most, Then::Close);
-  server_.AnswerRaw("/more", untilTheEnd + most + "x", Then::Close);
-  server_.AnswerEndlessly("/endless", untilTheEnd, std::string(65536, 'x'));
-  EXPECT_EQ(Get(server_.Url("/announced")), most);
-  EXPECT_EQ(Get(server_.Url("/most")), most);
-  EXPECT_EQ(Failure({server_.Url("/more"), 10}), "the answer of HOST is larger than 16 MiB");
-  EXPECT_EQ(Failure({server_.Url("/endless"), 60}), "the answer of HOST is larger than 16 MiB");
-}
-
 TEST_F(CurlTransferTest, GivesUpAfterTheTimeOut) {
   server_.Hold("/held");
-  server_.AnswerRaw("/begun", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nab", Then::Hold);
   server_.AnswerWith("/hop", {.status = 302, .headers = {"Location: /held"}});
-  EXPECT_EQ(Failure({server_.Url("/begun"), 1}), "no answer from HOST within 1 second");
   EXPECT_EQ(Failure({server_.Url("/hop"), 0, true}), "no answer from HOST within 1 second");
 }
 
@@ -160,60 +136,22 @@ TEST_F(CurlTransferTest, RefusesASecondFetchInsideTheFirstAndFinishesTheFirst) {
   EXPECT_THAT(server_.Requests(), ElementsAre("GET /first HTTP/1.1"));
 }
 
-TEST_F(CurlTransferTest, PassesOnWhatThePumpThrows) {
-  server_.Hold("/held");
-  server_.Answer("/", "ok");
-  TestPump ends;
-  ends.End();
-  EXPECT_THROW((void)transfer_.Get({server_.Url("/never"), 10}, ends), ProgramEnded);
-  EXPECT_TRUE(server_.Requests().empty());
-
-  TestPump endsLater([&] {
-    if (!server_.Requests().empty()) endsLater.End();
-  });
-  EXPECT_THROW((void)transfer_.Get({server_.Url("/held"), 10}, endsLater), ProgramEnded);
-  TestPump breaks([] { throw std::logic_error("broken"); });
-  EXPECT_THROW((void)transfer_.Get({server_.Url("/held"), 10}, breaks), std::logic_error);
-  EXPECT_EQ(Get(server_.Url()), "ok");
-}
-
-TEST_F(CurlTransferTest, FollowsRedirectsWhereItIsToldTo) {
+TEST_F(CurlTransferTest, FollowsFiveRedirectsWhereItIsToldTo) {
   server_.Answer("/", "arrived");
-  const Table<int, std::string, const char*> cases = {
-      {301, "other", "GET /dir/other HTTP/1.1"},
-      {302, "/a b?c d#e", "GET /a%20b?c+d HTTP/1.1"},
-      {303, server_.Url("/whole"), "GET /whole HTTP/1.1"},
-      {307, "../up", "GET /up HTTP/1.1"},
-      {308, "?query", "GET /dir/from%20here?query HTTP/1.1"}};
-  for (const auto& [status, location, next] : cases) {
-    server_.AnswerWith("/dir/from here", {status, {"Location: " + location}, "moved"});
-    EXPECT_EQ(Follow("/dir/from here"), "arrived");
-    EXPECT_EQ(server_.Requests().back(), next);
+  for (const int status : {301, 302, 303, 307, 308}) {
+    server_.AnswerWith("/from here", {status, {"Location: a b?c d#e"}, "moved"});
+    EXPECT_EQ(Follow("/from here"), "arrived") << status;
+    EXPECT_EQ(server_.Requests().back(), "GET /a%20b?c+d HTTP/1.1");
   }
   for (const Reply& leadsNowhere : {Reply{302, {}, "stay"}, Reply{302, {"Location:"}, "stay"},
                                     Reply{200, {"Location: /x"}, "stay"}}) {
     server_.AnswerWith("/", leadsNowhere);
     EXPECT_EQ(Follow("/"), "stay");
   }
-}
-
-TEST_F(CurlTransferTest, FollowsFiveRedirectsAndNoSixth) {
-  const auto redirect = [&](const std::string& from, const std::string& to) {
-    server_.AnswerWith(from, {.status = 302, .headers = {"Location: " + to}});
-  };
-  for (int hop = 1; hop <= 6; ++hop) {
-    redirect("/" + std::to_string(hop), "/" + std::to_string(hop - 1));
-  }
-  redirect("/file", "file:///etc/passwd");
-  redirect("/bad", "http://h:x/");
-  server_.Answer("/0", "arrived");
-  EXPECT_EQ(Follow("/5"), "arrived");
-  EXPECT_EQ(Failure({server_.Url("/6"), 10, true}), "HOST redirected once too often");
-  EXPECT_THAT(server_.Requests(), testing::SizeIs(6 + 6));
-  for (const char* path : {"/file", "/bad"}) {
-    EXPECT_EQ(Failure({server_.Url(path), 10, true}),
-              "HOST redirected to an address that cannot be fetched");
-  }
+  const std::size_t before = server_.Requests().size();
+  server_.AnswerWith("/loop", {.status = 302, .headers = {"Location: /loop"}});
+  EXPECT_EQ(Failure({server_.Url("/loop"), 10, true}), "HOST redirected once too often");
+  EXPECT_EQ(server_.Requests().size(), before + 6);
 }
 
 TEST_F(CurlTransferTest, UsesAProxyForAddressesThatNeedNoRawTarget) {

@@ -94,19 +94,6 @@ TEST_F(SqliteOpening, ReadOnlyMakesNothing) {
   EXPECT_EQ(ReadOnly("v"), "");
 }
 
-TEST_F(SqliteOpening, ReadOnlySeesWhatAnOpenStoreWrites) {
-  Store("v", "before");
-  SqliteStore writer(file_, StoreAccess::ReadWrite);
-  EXPECT_EQ(ReadOnly("v"), "before");
-  SetSettingValue(writer, kHive, "Key", "v", "first");
-  EXPECT_EQ(ReadOnly("v"), "first");
-  SqliteStore reader(file_, StoreAccess::ReadOnly);
-  const StoreStamp before = reader.Stamp();
-  SetSettingValue(writer, kHive, "Key", "v", "second");
-  EXPECT_EQ(QuerySettingValue(reader, kHive, "Key", "v"), "second");
-  EXPECT_NE(reader.Stamp(), before);
-}
-
 TEST_F(SqliteOpening, ReadOnlySeesTheLastWordOfAKilledProgram) {
   Store("v", "before");
   StoreAndBeKilled("v", "last word");
@@ -182,34 +169,6 @@ TEST_F(SqliteOpening, ReadsWhatItMayNotWrite) {
     }
     StoreAndBeKilled("v", "last word");
   }
-}
-
-// Each child adds 1 to the same number again and again, without the others' additions being lost.
-TEST_F(SqliteOpening, LetsSeveralProgramsChangeOneStore) {
-  constexpr int kPrograms = 3;
-  constexpr int kAdditions = 50;
-  std::vector<pid_t> children;
-  for (int i = 0; i < kPrograms; ++i) {
-    children.push_back(::fork());
-    if (children.back() == 0) {
-      SqliteStore store(file_, StoreAccess::ReadWrite);
-      for (int n = 0; n < kAdditions; ++n) {
-        store.AsOneChange([&] {
-          const std::string text = QuerySettingValue(store, kHive, "Key", "sum");
-          const int sum = text.empty() ? 0 : std::stoi(text);
-          SetSettingValue(store, kHive, "Key", "sum", std::to_string(sum + 1));
-        });
-      }
-      EXPECT_EQ(store.Problem(), "");
-      ::_exit(testing::Test::HasFailure() ? 1 : 0);
-    }
-  }
-  for (const pid_t child : children) {
-    int status = -1;
-    ::waitpid(child, &status, 0);
-    EXPECT_EQ(status, 0);
-  }
-  EXPECT_EQ(ReadOnly("sum"), std::to_string(kPrograms * kAdditions));
 }
 
 // SQLite gives its log and index the permissions of the database.

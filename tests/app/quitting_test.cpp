@@ -10,8 +10,6 @@
 namespace tallyo {
 namespace {
 
-constexpr const char* kSnapshot = "Data/LastRead.dat";
-
 class QuittingTest : public testing::Test {
  protected:
   QuittingTest() { program.StartWith({{"A", "5"}, {"B", ""}}); }
@@ -36,16 +34,9 @@ TEST_F(QuittingTest, WritesTheCountersAndTheTimeOfTheLastCheckOnce) {
   }
 }
 
-TEST_F(QuittingTest, WritesTheTimeWhereTheCountersCannotBeWritten) {
-  std::filesystem::create_directory(program.folder.Path() / kSnapshot);
-  program.P().state.LastCheckTime = 7;
-  program.P().Quit();
-  EXPECT_EQ(program.Setting(names::kPrevCheck), "01-15-2026 7");
-}
-
 TEST_F(QuittingTest, AtTheQuestionOfTheStartKeepsTheCountersOfLastTime) {
   program.SetRecord("02", "1,My,Site,rB,pB");
-  program.PutFile(kSnapshot, "A=5,\r\n");
+  program.PutFile("Data/LastRead.dat", "A=5,\r\n");
   program.NewSession();
   program.Boxes().NextAnswer = BoxAnswer::Yes;
   program.Boxes().WhileOpen = [&] { program.P().Quit(); };
@@ -53,16 +44,6 @@ TEST_F(QuittingTest, AtTheQuestionOfTheStartKeepsTheCountersOfLastTime) {
   EXPECT_TRUE(program.P().Ended());
   EXPECT_EQ(program.LastRead(), "A=5,\r\n");
   EXPECT_NE(program.Record("01"), "");
-}
-
-TEST_F(QuittingTest, UnwindsAnOpenBox) {
-  program.Form().Combo1.SetText("A");
-  program.server.Answer("/cgi-bin/", "<P>ok");
-  program.Form().Label2[action::kRemove].Click();
-  program.Boxes().WhileOpen = [&] { program.P().Quit(); };
-  EXPECT_FALSE(program.P().Dispatch([&] { program.Form().Command1[1].Click(); }));
-  EXPECT_EQ(program.Form().Combo1.Text(), "A");  // emptied only behind the box
-  EXPECT_EQ(program.LastRead(), "B=,\r\n");
 }
 
 TEST_F(QuittingTest, IsNotWhatAnEventThatFailsComesTo) {

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <filesystem>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -16,6 +20,8 @@
 
 namespace tallyo::test {
 
+using Words = std::vector<std::string>;
+
 // Runs the console's commands one after the other on one AppDir against a scripted service.
 class ConsoleRunner {
  public:
@@ -26,6 +32,7 @@ class ConsoleRunner {
   // What the last command did.
   std::string out;
   std::string err;
+  int status = 0;
 
   ConsoleRunner() {
     clock.Set(2026, 6, 15, 12, 0, 0);
@@ -36,46 +43,62 @@ class ConsoleRunner {
   }
 
   // The exit status.
-  int Run(std::vector<std::string> words) {
+  int Run(Words words) {
     std::ostringstream outStream;
     std::ostringstream errStream;
     words.insert(words.begin(),
                  {"--app-dir", folder.Path().string(), "--service-url", server.Url()});
-    const int result = RunCommandLine(words, {.clock = clock,
-                                              .out = outStream,
-                                              .err = errStream,
-                                              .terminal = -1,
-                                              .defaultAppDir = "",
-                                              .defaultServiceUrl = ""});
+    status = RunCommandLine(words, {.clock = clock,
+                                    .out = outStream,
+                                    .err = errStream,
+                                    .terminal = -1,
+                                    .defaultAppDir = "",
+                                    .defaultServiceUrl = ""});
     out = outStream.str();
     err = errStream.str();
-    return result;
+    return status;
   }
 
-  nlohmann::json Json(std::vector<std::string> words) {
+  nlohmann::json Json(Words words) {
     words.insert(words.begin(), "--json");
-    status = Run(std::move(words));
+    Run(std::move(words));
     return nlohmann::json::parse(out);
   }
 
+  void SaveAccount() { ASSERT_EQ(Run({"account", "save", "Acme", "mysite"}), 0) << err; }
   int AddLink(const std::string& reference, const std::string& name) {
     return Run({"links", "add", "http://files/" + reference, "--name", name});
   }
+  // The account, and links of these names whose references are "NAME.zip".
+  void MonitorLinks(const Words& names) {
+    SaveAccount();
+    for (const std::string& name : names) {
+      ASSERT_EQ(AddLink(name + ".zip", name), 0) << err;
+    }
+  }
 
   void GiveCounters(const std::string& reply) { server.Answer(kShow, reply); }
+  void Refresh(const std::string& counters) {
+    GiveCounters(counters);
+    ASSERT_EQ(Run({"refresh"}), 0) << err;
+  }
 
   [[nodiscard]] std::string File(const std::string& path) const {
     return PosixFiles().Read(folder.Path() / path);
   }
-  [[nodiscard]] bool HasFile(const std::string& path) const {
-    return PosixFiles().Exists(folder.Path() / path);
+  // All files of the AppDir with their times.
+  [[nodiscard]] std::set<std::string> Listing() const {
+    std::set<std::string> entries;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.Path())) {
+      entries.insert(entry.path().string() + " " +
+                     std::to_string(entry.last_write_time().time_since_epoch().count()));
+    }
+    return entries;
   }
   [[nodiscard]] std::string Setting(std::string_view name) const {
     SqliteStore store(folder.Path() / "settings.db", StoreAccess::ReadOnly);
     return QuerySettingValue(store, Hive::LocalMachine, names::SettingsKey, name);
   }
-
-  int status = 0;  // of the last Json
 
   static constexpr const char* kShow =
       "/cgi-bin/Tallyo/devstats.cgi?account=mysite.txt&action=show";

@@ -57,72 +57,54 @@ void GiveData(TestProgram& t, const std::filesystem::path& startPage) {
   std::filesystem::copy_file(startPage, t.folder.Path() / "intro.sht");
 }
 
-// The window of a started program, and the folder its pictures go to.
-class Camera {
- public:
-  Camera(TestProgram& t, std::filesystem::path folder)
-      : t_(t), folder_(std::move(folder)), window_(t.P(), OwnDocuments(t.folder.Path())) {
-    window_.Start();
-    Settle();
+void Settle() {
+  for (int i = 0; i < 20; ++i) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
   }
+}
 
-  void Do(const std::function<void()>& event) {
-    t_.P().Dispatch(event);
-    Settle();
-  }
-
-  void Take(const std::string& name) {
-    Settle();
-    const std::string file = (folder_ / (name + ".png")).string();
-    if (!window_.grab().save(QString::fromStdString(file))) {
-      std::cerr << "cannot write " << file << '\n';
-    }
-  }
-
- private:
-  static void Settle() {
-    for (int i = 0; i < 20; ++i) {
-      QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-    }
-  }
-
-  TestProgram& t_;
-  std::filesystem::path folder_;
-  MainWindow window_;
-};
-
-void TakeAll(TestProgram& t, Camera& camera) {
+// Takes a picture of each screen of the started program's window after what is done before it.
+void TakeAll(TestProgram& t, const std::filesystem::path& folder) {
   MainForm& form = t.Form();
-  camera.Do([&] { form.mnuViewStats.Click(); });
-  camera.Take("web-page");
-  camera.Do([&] { form.mnuWindCurrent.Click(); });
-  camera.Take("current-status");
-  camera.Do([&] { form.mnuWindDaily.Click(); });
-  camera.Take("daily-status");
-  camera.Do([&] { form.mnuPrefs.Click(); });
-  camera.Take("preferences");
-  camera.Do([&] { form.mnuServiceInfo.Click(); });
-  camera.Take("service-info");
-  camera.Do([&] { form.mnuManage.Click(); });
-  camera.Do([&] { form.Combo1.Choose(0); });
-  camera.Do([&] { form.Label2[action::kAdd].MouseMove(); });
-  camera.Take("manage-links");
-  camera.Do([&] { form.mnuExport.Click(); });
-  camera.Take("text");
-  camera.Do([&] {
+  MainWindow window(t.P(), OwnDocuments(t.folder.Path()));
+  window.Start();
+  Settle();
+  const auto manage = [&] {
+    form.mnuManage.Click();
+    Settle();
+    form.Combo1.Choose(0);
+    form.Label2[action::kAdd].MouseMove();
+  };
+  const auto import = [&] {
     form.Text1[field::kLinkPath].SetText(kPage);
     form.Label2[action::kPending].SetCaption("IMPORT");
     form.List1.Check(0, true);
     form.List1.Check(2, true);
-  });
-  camera.Take("import-links");
+  };
+  const std::pair<const char*, std::function<void()>> pictures[] = {
+      {"web-page", [&] { form.mnuViewStats.Click(); }},
+      {"current-status", [&] { form.mnuWindCurrent.Click(); }},
+      {"daily-status", [&] { form.mnuWindDaily.Click(); }},
+      {"preferences", [&] { form.mnuPrefs.Click(); }},
+      {"service-info", [&] { form.mnuServiceInfo.Click(); }},
+      {"manage-links", manage},
+      {"text", [&] { form.mnuExport.Click(); }},
+      {"import-links", import}};
+  for (const auto& [name, event] : pictures) {
+    t.P().Dispatch(event);
+    Settle();
+    const std::string file = (folder / (std::string(name) + ".png")).string();
+    if (!window.grab().save(QString::fromStdString(file))) {
+      std::cerr << "cannot write " << file << '\n';
+    }
+  }
 }
 
 }  // namespace
 }  // namespace tallyo::test
 
 int main(int argc, char** argv) {
-  QApplication application(argc, argv);
+  const QApplication application(argc, argv);
   QApplication::setStyle(QStyleFactory::create("fusion"));
   if (argc != 3) {
     std::cerr << "make_pictures START-PAGE FOLDER\n";
@@ -134,8 +116,7 @@ int main(int argc, char** argv) {
   tallyo::test::GiveData(t, argv[1]);
   t.NewSession();
   t.P().state.ServiceBaseUrl = tallyo::test::kService;
-  tallyo::test::Camera camera(t, argv[2]);
-  tallyo::test::TakeAll(t, camera);
+  tallyo::test::TakeAll(t, argv[2]);
   t.P().Quit();
   return 0;
 }

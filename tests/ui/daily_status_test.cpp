@@ -59,7 +59,6 @@ TEST_F(DailyStatusTest, OpensWithTheFirstLinkAndThisMonth) {
   program.Start();
   Open();
   EXPECT_EQ(program.Form().Combo2.Text() + program.Form().Combo3.Text(), "Apr");
-  EXPECT_TRUE(program.Form().Combo2.Visible());
   EXPECT_EQ(Selected(), "6, Selected Time: 05 AM");
 }
 
@@ -75,7 +74,6 @@ TEST_F(DailyStatusTest, HasAsManyDaysAsTheMonth) {
     EXPECT_EQ(Grid().Headings()[0].text, months[month] + std::string(", 2026"));
     days += " " + std::to_string(Grid().Headings().size() - 1);
     if (month == 1) {
-      EXPECT_EQ(Grid().Headings()[30].text, " 30");
       EXPECT_THAT(Cells(), ElementsAre("7h 1: 3"));
     } else if (month == 2) {
       EXPECT_EQ(Grid().Headings()[31], (ReportList::Heading{"31", 600}));
@@ -96,6 +94,10 @@ TEST_F(DailyStatusTest, AMonthLeavesTheHourAloneAndALinkShowsTheHourThatItIs) {
   program.Form().Combo2.Choose(1);
   EXPECT_THAT(Cells(), ElementsAre("22h 2: 34"));
   EXPECT_EQ(Selected(), "15, Selected Time: 02 PM");
+  for (const auto& [row, hour] : test::Table<int, const char*>{{12, "11 AM"}, {13, "00 PM"}}) {
+    Grid().ItemClick(row);
+    EXPECT_EQ(program.Form().Label5[2].Caption(), std::string("Selected Time: ") + hour);
+  }
 }
 
 TEST_F(DailyStatusTest, HeadsThisYearOverTheFilesOfTheYearOfStart) {
@@ -104,15 +106,6 @@ TEST_F(DailyStatusTest, HeadsThisYearOverTheFilesOfTheYearOfStart) {
   Open();
   EXPECT_EQ(Grid().Headings()[0].text, "Feb, 2027");
   EXPECT_THAT(Cells(), ElementsAre("7h 1: 3"));
-}
-
-TEST_F(DailyStatusTest, NamesTheHourOfAClickedRow) {
-  const test::Table<int, const char*> cases = {
-      {1, "00 AM"}, {12, "11 AM"}, {13, "00 PM"}, {14, "01 PM"}, {24, "11 PM"}};
-  for (const auto& [row, hour] : cases) {
-    Grid().ItemClick(row);
-    EXPECT_EQ(program.Form().Label5[2].Caption(), std::string("Selected Time: ") + hour) << row;
-  }
 }
 
 }  // namespace

@@ -9,7 +9,7 @@
 namespace tallyo {
 namespace {
 
-using testing::HasSubstr;
+using testing::ElementsAre;
 using testing::IsEmpty;
 
 class MenusTest : public testing::Test {
@@ -40,47 +40,40 @@ TEST_F(MenusTest, OffersTheAccountAndTheImportOnlyBeforeAnyLink) {
   EXPECT_FALSE(form.mnuImportAll.Enabled()) << "never again";
 }
 
-TEST_F(MenusTest, EveryItemShowsItsScreen) {
+TEST_F(MenusTest, ItemsShowTheirScreensAndPages) {
   const std::string intro = (program.folder.Path() / "intro.sht").string();
   const test::Table<MenuItem MainForm::*, std::size_t, std::string> cases = {
       {&MainForm::mnuManage, 0, intro},
       {&MainForm::mnuSignup, 7, program.server.Url("/Tallyo/signupinfo.html")},
+      {&MainForm::mnuAbout, 7, intro},
       {&MainForm::mnuPrefs, 2, intro},
       {&MainForm::mnuUpgrade, 7, program.server.Url("/Tallyo/upgradeinfo.html")},
+      {&MainForm::mnuAbout, 7, intro},
       {&MainForm::mnuWindDaily, 3, intro},
       {&MainForm::mnuWindCurrent, 1, intro},
-      {&MainForm::mnuSupport, 7, program.server.Url("/Tallyo/support.html")},
       {&MainForm::mnuScrnImport, 4, intro},
       {&MainForm::mnuServiceInfo, 5, intro},
-      {&MainForm::mnuAbout, 7, intro}};
+      {&MainForm::mnuMakeLink, 8, intro},
+      {&MainForm::mnuPrefs, 2, intro},
+      {&MainForm::mnuExport, 8, intro},
+      {&MainForm::mnuSupport, 7, program.server.Url("/Tallyo/support.html")}};
+  program.Start();
+  const MainForm& form = program.Form();
   for (const auto& [chosen, panel, page] : cases) {
-    program.Start();
-    if (panel == 7) {
-      program.P().screens.ShowScreen(screen::kPreferences);
-      program.Form().WB1.Navigate("elsewhere");
-    }
-    MenuItem& item = program.Form().*chosen;
+    const MenuItem& item = form.*chosen;
     EXPECT_TRUE(program.P().Dispatch([&] { item.Click(); }));
-    EXPECT_TRUE(program.Form().Picture1[panel].Visible()) << item.Name();
-    EXPECT_EQ(program.Form().WB1.Address(), page) << item.Name();
+    for (std::size_t i = 0; i < form.Picture1.size(); ++i) {
+      EXPECT_EQ(form.Picture1[i].Visible(), i == panel) << item.Name() << i;
+    }
+    for (const Control* control :
+         std::initializer_list<const Control*>{&form.Combo2, &form.Combo3, &form.Label5[2]}) {
+      EXPECT_EQ(control->Visible(), panel == 3) << item.Name();
+    }
+    EXPECT_EQ(form.WB1.Address(), page) << item.Name();
   }
   EXPECT_THAT(program.server.Requests(), IsEmpty());  // pages are the viewer's to load
-}
-
-TEST_F(MenusTest, RefreshSaveAndExitDoTheirWork) {
-  program.GiveAccount(10, "01/15/2027", false);
-  program.Start();
-  MainForm& form = program.Form();
-  form.Text1[field::kCompany].SetText("Acme");
-  form.Text1[field::kAccount].SetText("mysite");
-  form.mnuSave.Click();
-  EXPECT_EQ(program.Setting(names::kAccount), "mysite");
-  form.Combo1.AddItem("A");
-  form.mnuViewStats.Click();
-  EXPECT_THAT(program.server.Requests().back(), HasSubstr("action=show"));
-  form.mnuQuit.Click();
-  EXPECT_TRUE(program.P().Ended());
-  EXPECT_TRUE(program.HasFile("Data/LastRead.dat"));
+  form.mnuHelpDoc.Click();
+  EXPECT_THAT(program.Opened(), ElementsAre(program.folder.Path() / "tlyo.pdf"));
 }
 
 }  // namespace

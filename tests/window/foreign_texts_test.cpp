@@ -16,28 +16,28 @@ using test::WindowUnderTest;
 struct ForeignText {
   const char* name;
   std::string bytes;
-  QString shown;
+  QString shown = QString::fromStdString(bytes);
 };
 
 void PrintTo(const ForeignText& text, std::ostream* out) { *out << text.name; }
-
-ForeignText Same(const char* name, const std::string& bytes) {
-  return {name, bytes, QString::fromStdString(bytes)};
-}
 
 // One text from outside in every place that can hold one.
 class ForeignTextTest : public testing::TestWithParam<ForeignText> {
  protected:
   void SetUp() override {
-    test.GiveAccount(true, GetParam().bytes);
-    test.GiveRecord(1, "1," + GetParam().bytes + ",A.zip,http://h/" + GetParam().bytes);
-    std::string counter = "12" + GetParam().bytes;
+    const std::string& bytes = GetParam().bytes;
+    test.GiveAccount();
+    test.Set(names::kUser, bytes);
+    test.server.Answer(test::kAccountPath, "opn=01/15/2014,max=10,exp=01/15/2027,ban=no,com=" +
+                                               bytes + ",acc=mysite\n");
+    test.SetRecord("01", "1," + bytes + ",A.zip,http://h/" + bytes);
+    std::string counter = "12" + bytes;
     std::erase(counter, ' ');
-    test.server.Answer(test::kCounters, "<P>" + counter + " A.zip\n");
+    test.GiveCounters("<P>" + counter + " A.zip\n");
     test.Start();
     test.Press(Qt::Key_F5);
-    test.Form().Label4[1].SetCaption(GetParam().bytes);
-    test.Form().Label8.SetCaption(GetParam().bytes);
+    test.Form().Label4[1].SetCaption(bytes);
+    test.Form().Label8.SetCaption(bytes);
     for (Label* const label : {&test.Form().Label4[1], &test.Form().Label5[0]}) {
       label->SetVisible(true);
     }
@@ -48,12 +48,13 @@ class ForeignTextTest : public testing::TestWithParam<ForeignText> {
 
 INSTANTIATE_TEST_SUITE_P(
     Window, ForeignTextTest,
-    testing::Values(Same("Markup", "<h1>big</h1><img src=\"file:///etc/passwd\">"),
-                    Same("AccessKeys", "Salt & Pepper && Co &amp; more"),
-                    Same("RightToLeft", "\u202E\u05E9\u05DC\u05D5\u05DD abc \u0645\u0631\u062D"),
-                    Same("Emoji", "\U0001F469\u200D\U0001F680 \U0001F1E9\U0001F1EA \u2764\uFE0F"),
-                    Same("FourThousand", std::string(4000, 'W')),
-                    ForeignText{"NoUtf8", "caf\xE9 \x80\xFF", "caf\u00E9 \u20AC\u00FF"}),
+    testing::Values(
+        ForeignText{"Markup", "<h1>big</h1><img src=\"file:///etc/passwd\">"},
+        ForeignText{"AccessKeys", "R&D && S&amp;T & Co"},
+        ForeignText{"RightToLeft", "\u202E\u05E9\u05DC\u05D5\u05DD abc \u0645\u0631\u062D"},
+        ForeignText{"Emoji", "\U0001F469\u200D\U0001F680 \U0001F1E9\U0001F1EA \u2764\uFE0F"},
+        ForeignText{"FourThousand", std::string(4000, 'W')},
+        ForeignText{"NoUtf8", "caf\xE9 \x80\xFF", "caf\u00E9 \u20AC\u00FF"}),
     [](const auto& text) { return std::string(text.param.name); });
 
 TEST_P(ForeignTextTest, IsShownAsItStands) {
@@ -74,12 +75,20 @@ TEST_P(ForeignTextTest, IsShownAsItStands) {
   EXPECT_EQ(title.count('&') % 2, 0) << title.toStdString();
 }
 
-TEST_P(ForeignTextTest, MakesNoWindowLarger) {
+TEST_P(ForeignTextTest, LeavesTheWindowAsLargeAsItsScreenAsks) {
   for (int screen = 0; screen < static_cast<int>(screen::kCount); ++screen) {
+    SCOPED_TRACE(screen);
     test.Show(screen);
-    const Place& panel = test.Form().Picture1.at(static_cast<std::size_t>(screen)).Where();
-    EXPECT_EQ(test.window.width(), (panel.width + 600) / 15) << screen;
-    EXPECT_EQ(test.window.height(), (panel.top + panel.height + 1200) / 15) << screen;
+    const Place& place = test.Form().Picture1.at(static_cast<std::size_t>(screen)).Where();
+    EXPECT_EQ(test.window.size(),
+              QSize((place.width + 600) / 15, (place.top + place.height + 1200) / 15));
+    const QWidget& panel = test.Find(QString("Picture1_%1").arg(screen));
+    EXPECT_EQ(panel.geometry(), QRect(12, 16, place.width / 15, place.height / 15));
+    for (const QWidget* const child :
+         panel.findChildren<const QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      EXPECT_TRUE(!child->isVisible() || panel.rect().contains(child->geometry()))
+          << child->objectName().toStdString();
+    }
     for (const char* const name : {"Label8", "Label4_1", "MenuBar"}) {
       const QWidget& widget = test.Find(name);
       EXPECT_LE(widget.mapTo(&test.window, widget.rect().bottomRight()).x(), test.window.width());
@@ -89,19 +98,15 @@ TEST_P(ForeignTextTest, MakesNoWindowLarger) {
 
 TEST_P(ForeignTextTest, StandsInABoxOfReadableSize) {
   QString text;
-  Qt::TextFormat format{};
-  QSize size;
-  test.WhenBox([&](QMessageBox& box) {
+  test.WhenOpen<QMessageBox>([&](QMessageBox& box) {
     text = box.detailedText().isEmpty() ? box.text() : box.detailedText();
-    format = box.textFormat();
-    size = box.size();
+    EXPECT_EQ(box.textFormat(), Qt::PlainText);
+    EXPECT_LE(box.width(), 800);
+    EXPECT_LE(box.height(), 800);
     QTest::keyClick(&box, Qt::Key_Escape);
   });
-  test.realBoxes.Show({.text = GetParam().bytes, .title = GetParam().bytes});
+  test.Boxes().Show({.text = GetParam().bytes, .title = GetParam().bytes});
   EXPECT_EQ(text.remove(QChar(0x200B)), GetParam().shown);
-  EXPECT_EQ(format, Qt::PlainText);
-  EXPECT_LE(size.width(), 800);
-  EXPECT_LE(size.height(), 800);
 }
 
 }  // namespace

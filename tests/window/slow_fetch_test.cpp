@@ -1,7 +1,5 @@
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QLabel>
 #include <QTableView>
 #include <csignal>
 
@@ -11,34 +9,18 @@
 namespace tallyo {
 namespace {
 
-using test::BoxKind;
 using test::WindowUnderTest;
-
-// Counts how often a widget is painted.
-class Paintings : public QObject {
- public:
-  explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
-  int count = 0;
-
- protected:
-  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
-    count += event->type() == QEvent::Paint ? 1 : 0;
-    return false;
-  }
-};
 
 class WindowFetching : public testing::Test {
  protected:
-  explicit WindowFetching(BoxKind kind = BoxKind::Scripted) : test(kind) {}
-
   // One link that had 5 hits at the last refresh, and a service that keeps its counters back.
   void StartWithHeldCounters() {
     test.GiveAccount();
-    test.GiveLink(1, "A");
+    test.GiveLinks({"A"});
     test.Start();
     test.Form().ListView1.SetValue(1, 1, "5");
-    test.program.state.LastCheckTime = 36000;
-    test.server.Answer(test::kCounters, "<P>12 A.zip\n");
+    test.P().state.LastCheckTime = 36000;
+    test.GiveCounters("<P>12 A.zip\n");
     test.server.Hold("/cgi-bin/");
   }
 
@@ -46,14 +28,9 @@ class WindowFetching : public testing::Test {
   void EndDuringRefresh(const std::function<void()>& end) {
     StartWithHeldCounters();
     test.WhenRequested(2, end);
-    QTimer::singleShot(0, &test.window, [this] { test.Press(Qt::Key_F5); });
-    EXPECT_EQ(test.RunToEnd(), 0);
-    ExpectEverythingSaved();
-  }
-
-  void ExpectEverythingSaved() {
-    EXPECT_TRUE(test.program.Ended());
-    EXPECT_EQ(test.FileText("Data/LastRead.dat"), "A=5,\r\n");
+    EXPECT_EQ(test.RunToEnd([this] { test.Press(Qt::Key_F5); }), 0);
+    EXPECT_TRUE(test.P().Ended());
+    EXPECT_EQ(test.LastRead(), "A=5,\r\n");
     EXPECT_EQ(test.Setting(names::kPrevCheck), "01-15-2026 36000");
   }
 
@@ -62,28 +39,18 @@ class WindowFetching : public testing::Test {
 
 TEST_F(WindowFetching, LivesOnAndRefusesASecondOne) {
   StartWithHeldCounters();
-  Paintings paintings(test.Find("Picture1_3"));
-  const auto secondTry = [&] {
-    test.Press(Qt::Key_F5);
-    test.ClickItem("mnuImportAll");
-    test.Show(screen::kManageLinks);
-    test.Form().Label2[action::kPending].SetCaption("ADD");
-    test.Form().Command1[1].SetEnabled(true);
-    test.Form().Text1[field::kLinkPath].SetText("http://127.0.0.1/page");
-    test.Click("Command1_1");
-    test.Click("Label2_0");
-    EXPECT_EQ(test.server.Requests().size(), 2U);
-    EXPECT_TRUE(test.boxes.Shown().empty());
-    EXPECT_TRUE(test.program.requests.InFlight());
-    test.server.Release();
-  };
   test.WhenRequested(2, [&] {
     test.Press(Qt::Key_1, Qt::ControlModifier);
     EXPECT_TRUE(test.Find("Picture1_3").isVisible());
-    test.When([&] { return paintings.count > 0; }, secondTry);
+    test.Press(Qt::Key_F5);
+    test.ClickItem("mnuImportAll");
+    EXPECT_EQ(test.server.Requests().size(), 2U);
+    EXPECT_TRUE(test.P().requests.InFlight());
+    test.server.Release();
   });
   test.Press(Qt::Key_F5);
   test.Settle();
+  EXPECT_TRUE(test.Boxes().Shown().empty());
   EXPECT_EQ(test.Find<QTableView>("ListView1").model()->index(0, 1).data().toString(), "12");
 }
 
@@ -93,7 +60,7 @@ TEST_F(WindowFetching, EndsByTheStopButton) {
             [this] { QTest::mouseClick(&test.Find("StopTransfer"), Qt::LeftButton); });
   EXPECT_FALSE(test.Find("Busy").isVisible());
   test.ClickItem("mnuViewStats");
-  EXPECT_FALSE(test.program.requests.InFlight());
+  EXPECT_FALSE(test.P().requests.InFlight());
   EXPECT_FALSE(test.Find("Busy").isVisible());
   EXPECT_EQ(test.Form().ListView1.Value(1, 1), "5");
   test.server.Release();
@@ -128,72 +95,18 @@ TEST_F(WindowFetching, EndsBySignals) {
   });
 }
 
-TEST_F(WindowFetching, EndsInTheMidstOfSubmitting) {
-  StartWithHeldCounters();
-  test.Show(screen::kManageLinks);
-  test.Form().Label2[action::kPending].SetCaption("ADD");
-  test.Settle();
-  const std::size_t before = test.server.Requests().size();
-  test.WhenRequested(before + 1, [this] { test.window.close(); });
-  QTimer::singleShot(0, &test.window, [this] { test.Click("Command1_1"); });
-  EXPECT_EQ(test.RunToEnd(), 0);
-  ExpectEverythingSaved();
-  EXPECT_TRUE(test.boxes.Shown().empty());
-}
-
-class WindowWithBox : public WindowFetching {
- protected:
-  WindowWithBox() : WindowFetching(BoxKind::Real) {}
-};
-
-TEST_F(WindowWithBox, ClosesTheBoxWhenTheProgramEnds) {
-  for (const bool byClosing : {true, false}) {
-    SCOPED_TRACE(byClosing);
-    WindowUnderTest other(BoxKind::Real);
-    other.Start();
-    bool resumed = false;
-    other.WhenBox([&](QMessageBox& /*box*/) {
-      byClosing ? static_cast<void>(other.window.close()) : other.window.Quit();
-    });
-    QTimer::singleShot(0, &other.window, [&] {
-      other.program.Dispatch([&] {
-        other.realBoxes.Show({.text = "Really?", .title = "", .buttons = BoxButtons::YesNo});
-        resumed = true;
-      });
-    });
-    EXPECT_EQ(other.RunToEnd(), 0);
-    EXPECT_FALSE(resumed);
-    EXPECT_EQ(other.FileText("Data/LastRead.dat"), "\r\n");
-  }
-}
-
-TEST_F(WindowWithBox, DropsTicksWhileABoxIsOpen) {
-  StartWithHeldCounters();
-  test.server.Release();
-  int ticks = 0;
-  const EventHandler tick = test.Form().Timer1.OnTimer;
-  test.Form().Timer1.OnTimer = [&] {
-    ++ticks;
-    tick();
+TEST(WindowWithBox, ClosesTheBoxWhenTheProgramEnds) {
+  WindowUnderTest test(test::BoxKind::Real);
+  test.Start();
+  bool resumed = false;
+  test.WhenOpen<QMessageBox>([&](QMessageBox& /*box*/) { test.window.close(); });
+  const auto ask = [&] {
+    test.Boxes().Show({.text = "Really?", .title = "", .buttons = BoxButtons::YesNo});
+    resumed = true;
   };
-  test.Form().ListView3.SetValue(detail::kSlotsLeft, 1, "");  // asks for the account with each tick
-  test.Form().Timer1.SetIntervalMilliseconds(1);
-  test.WhenBox([&](QMessageBox& box) {
-    test.Form().Timer1.SetEnabled(true);
-    const int before = ticks;
-    const auto severalTicks = [&ticks, before] { return ticks > before + 5; };
-    test.When(severalTicks, [&] {
-      EXPECT_TRUE(test.server.Requests().empty());
-      test.Form().Timer1.SetEnabled(false);
-      QTest::keyClick(&box, Qt::Key_Escape);
-    });
-  });
-  EXPECT_EQ(test.realBoxes.Show({.text = "?", .title = "", .buttons = BoxButtons::YesNo}),
-            BoxAnswer::No);
-  EXPECT_TRUE(test.server.Requests().empty());
-  test.Form().Timer1.SetEnabled(true);
-  EXPECT_TRUE(QTest::qWaitFor([&] { return !test.server.Requests().empty(); }));
-  test.Form().Timer1.OnTimer = tick;
+  EXPECT_EQ(test.RunToEnd([&] { test.P().Dispatch(ask); }), 0);
+  EXPECT_FALSE(resumed);
+  EXPECT_EQ(test.LastRead(), "\r\n");
 }
 
 }  // namespace

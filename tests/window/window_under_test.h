@@ -10,55 +10,31 @@
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
-#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <string>
-#include <string_view>
-#include <vector>
 
-#include "app/program.h"
-#include "platform/curl_transfer.h"
-#include "platform/posix_files.h"
-#include "settings/names.h"
-#include "settings/sqlite_store.h"
-#include "settings/value_text.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/scripted_boxes.h"
-#include "tests/support/scripted_server.h"
-#include "tests/support/temp_folder.h"
-#include "text/two_digits.h"
+#include "tests/support/monitored_program.h"
 #include "ui/qt/main_window.h"
 #include "ui/qt/qt_boxes.h"
 #include "ui/qt/qt_pump.h"
 
 namespace tallyo::test {
 
-inline constexpr std::string_view kCounters = "/cgi-bin/Tallyo/devstats.cgi?account=mysite.txt";
-
 enum class BoxKind { Scripted, Real };
 
-// The window on the real program, put together as the program file does it, with a scripted
-// service, a clock that the test sets and a desktop that only takes notes. The timer stands still
-// unless a test starts it.
-class WindowUnderTest {
+// The window on the real program. The timer stands still unless a test starts it. Boxes that are
+// real are kept as scripted ones are, and answered by whoever closes them.
+class WindowUnderTest : public MonitoredProgram {
  public:
   explicit WindowUnderTest(BoxKind kind = BoxKind::Scripted)
-      : store(folder.Path() / "settings.db", StoreAccess::ReadWrite),
-        transfer("Tallyo/test"),
-        boxes(pump),
-        realBoxes(pump),
-        program({.appDir = folder.Path(), .serviceBaseUrl = server.Url()},
-                {.clock = clock,
-                 .files = files,
-                 .transfer = transfer,
-                 .store = store,
-                 .pump = pump,
-                 .boxes = kind == BoxKind::Real ? static_cast<MessageBoxes&>(realBoxes) : boxes,
-                 .shell = shell}),
-        window(program, OwnDocuments(folder.Path(), installed.Path())) {
-    realBoxes.StandOver(window);
-    realBoxes.OnClosed = [this] { window.RestartTimer(); };
+      : realBoxes_(pump_), window(P(), OwnDocuments(folder.Path(), installed.Path())) {
+    Event = [this] { pump_.Run(); };
+    realBoxes_.StandOver(window);
+    realBoxes_.OnClosed = [this] { window.RestartTimer(); };
+    if (kind == BoxKind::Real) {
+      Boxes().WhileOpen = [this] { Boxes().NextAnswer = realBoxes_.Show(Boxes().Shown().back()); };
+    }
   }
   ~WindowUnderTest() { EXPECT_EQ(waiting_, 0) << "something that a test waited for never came"; }
   WindowUnderTest(const WindowUnderTest&) = delete;
@@ -71,35 +47,6 @@ class WindowUnderTest {
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   }
 
-  // What must be there before the start: an account that the service accepts, and links. Link NAME
-  // has the reference "NAME.zip" and the path "http://h/NAME".
-  void GiveAccount(bool stored = true, const std::string& company = "Acme") {
-    server.Answer("/Tallyo/accounts/mysite.txt",
-                  "opn=01/15/2014,max=10,exp=01/15/2027,ban=no,com=" + company + ",acc=mysite\n");
-    if (stored) {
-      Set(names::kUser, company);
-      Set(names::kAccount, "mysite");
-    }
-  }
-  void GiveLink(int number, const std::string& name) {
-    GiveRecord(number, "1," + name + "," + name + ".zip,http://h/" + name);
-  }
-  void GiveRecord(int number, const std::string& record) {
-    const std::string text = TwoDigits(number);
-    SetSettingValue(store, Hive::LocalMachine, std::string(names::MonitorFilesKey) + text, text,
-                    record);
-  }
-  void Set(std::string_view name, std::string_view text) {
-    SetSettingValue(store, Hive::LocalMachine, names::SettingsKey, name, text);
-  }
-  [[nodiscard]] std::string Setting(std::string_view name) {
-    return QuerySettingValue(store, Hive::LocalMachine, names::SettingsKey, name);
-  }
-  [[nodiscard]] std::string FileText(std::string_view path) {
-    return files.Exists(folder.Path() / path) ? files.Read(folder.Path() / path) : "(no file)";
-  }
-
-  [[nodiscard]] MainForm& Form() { return program.form; }
   template <typename Widget = QWidget>
   [[nodiscard]] Widget& Find(const QString& name) {
     auto* const found = window.findChild<Widget*>(name);
@@ -122,7 +69,7 @@ class WindowUnderTest {
     }
   }
   void Show(int screen) {
-    program.screens.ShowScreen(static_cast<std::int16_t>(screen));
+    P().screens.ShowScreen(static_cast<std::int16_t>(screen));
     Settle();
   }
 
@@ -143,9 +90,17 @@ class WindowUnderTest {
   void WhenRequested(std::size_t count, const std::function<void()>& action) {
     When([this, count] { return server.Requests().size() >= count; }, action);
   }
+  // The same for a box or dialog of this kind, which the action gets.
+  template <typename Dialog = QMessageBox>
+  void WhenOpen(const std::function<void(Dialog&)>& action) {
+    const auto open = [] { return qobject_cast<Dialog*>(QApplication::activeModalWidget()); };
+    When([open] { return open() != nullptr; }, [open, action] { action(*open()); });
+  }
 
-  // Runs the window until its program ends; the status that the program would end with.
-  int RunToEnd() {
+  // Runs the window, with this event in it, until its program ends; the status that the program
+  // would end with.
+  int RunToEnd(const std::function<void()>& event) {
+    QTimer::singleShot(0, &window, event);
     QTimer tooLate;
     tooLate.setSingleShot(true);
     QObject::connect(&tooLate, &QTimer::timeout, qApp, [] { QCoreApplication::exit(99); });
@@ -162,17 +117,15 @@ class WindowUnderTest {
     QTest::mouseMove(window.windowHandle(), widget.mapTo(&window, widget.rect().center()));
     Settle();
   }
-  void Type(const QString& name, const QString& text) { QTest::keyClicks(&Find(name), text); }
   // Goes to a field with the mouse and types.
   void Enter(const QString& name, const QString& text) {
     Click(name);
-    Type(name, text);
+    QTest::keyClicks(&Find(name), text);
   }
   // The widget that the keys go to.
   QWidget& Focused() {
     Settle();
-    const auto focused = [] { return QApplication::focusWidget() != nullptr; };
-    if (!QTest::qWaitFor(focused)) {
+    if (!QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; })) {
       throw std::runtime_error("nothing has the focus");
     }
     return *QApplication::focusWidget();
@@ -203,32 +156,8 @@ class WindowUnderTest {
     }
     Settle();
   }
-  // The same with keys: the access key of the menu, then down to the item.
-  void ChooseItem(Qt::Key menuKey, const QString& item) {
-    auto* const menu = qobject_cast<QMenu*>(Find<QAction>(item).parent());
-    QTest::keyClick(&Focused(), menuKey, Qt::AltModifier);
-    ASSERT_TRUE(QTest::qWaitFor([menu] { return menu->isVisible(); }));
-    for (int i = 0; i < 20 && menu->activeAction() != &Find<QAction>(item); ++i) {
-      QTest::keyClick(menu, Qt::Key_Down);
-    }
-    QTest::keyClick(menu, Qt::Key_Return);
-    Settle();
-  }
 
-  [[nodiscard]] static QMessageBox* OpenBox() {
-    return qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-  }
-  void WhenBox(const std::function<void(QMessageBox&)>& action) {
-    When([] { return OpenBox() != nullptr; }, [action] { action(*OpenBox()); });
-  }
-
-  struct NotingShell final : Shell {
-    void Open(const std::filesystem::path& document) override { opened.push_back(document); }
-    void RunAtLogon(bool run) override { runAtLogon.push_back(run); }
-    std::vector<std::filesystem::path> opened;
-    std::vector<bool> runAtLogon;
-  };
-
+ private:
   // The end of an earlier window would still end the event loops of message boxes.
   struct FreshLoops {
     FreshLoops() {
@@ -237,23 +166,14 @@ class WindowUnderTest {
     }
   };
 
-  FreshLoops loops;
-  FakeClock clock;
-  ScriptedServer server;
-  TempFolder folder;
-  TempFolder installed;  // where the documents are that the folder above lacks
-  PosixFiles files;
-  SqliteStore store;
-  CurlTransfer transfer;
-  QtPump pump;
-  ScriptedBoxes boxes;
-  QtBoxes realBoxes;
-  NotingShell shell;
-  Program program;
-  MainWindow window;
-
- private:
+  FreshLoops loops_;
+  QtPump pump_;
+  QtBoxes realBoxes_;
   int waiting_ = 0;
+
+ public:
+  TempFolder installed;  // where the documents are that the folder of the program lacks
+  MainWindow window;
 };
 
 }  // namespace tallyo::test

@@ -3,16 +3,14 @@
 #include <cerrno>
 #include <utility>
 
-#include "tests/faults/current_calls.h"
-
 namespace tallyo::test {
 
 FailingCalls::FailingCalls(std::string_view folder, FaultPlan& plan, CallFault fault)
     : folder_(folder), plan_(plan), fault_(std::move(fault)) {
-  CurrentCalls() = this;
+  Current() = this;
 }
 
-FailingCalls::~FailingCalls() { CurrentCalls() = nullptr; }
+FailingCalls::~FailingCalls() { Current() = nullptr; }
 
 bool FailingCalls::Fails(Call call, const char* path) { return IsOurs(path) && Strikes(call); }
 

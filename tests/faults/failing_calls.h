@@ -27,6 +27,10 @@ struct CallFault {
 // before those of the C library.
 class FailingCalls {
  public:
+  // Who sees the system calls now; null: nobody. It cannot be handed to the functions that stand
+  // before those of the C library, whose shape is given.
+  static FailingCalls*& Current();
+
   FailingCalls(std::string_view folder, FaultPlan& plan, CallFault fault);
   ~FailingCalls();
   FailingCalls(const FailingCalls&) = delete;

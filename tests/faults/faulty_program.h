@@ -1,112 +1,65 @@
 #pragma once
 
-#include <filesystem>
-#include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "app/program.h"
-#include "platform/curl_transfer.h"
-#include "platform/posix_files.h"
-#include "settings/sqlite_store.h"
 #include "tests/faults/failing_calls.h"
-#include "tests/support/failing_files.h"
 #include "tests/support/failing_store.h"
 #include "tests/support/failing_transfer.h"
-#include "tests/support/fake_clock.h"
-#include "tests/support/scripted_boxes.h"
-#include "tests/support/scripted_server.h"
-#include "tests/support/test_pump.h"
+#include "tests/support/kept_data.h"
+#include "tests/support/monitored_program.h"
 
 namespace tallyo::test {
 
 // One thing that goes wrong.
 struct Fault {
   std::string name;
-  FileFault files = FileFault::None;
   StoreFault store = StoreFault::None;
   TransferFault transfer = TransferFault::None;
   CallFault calls = {};
   bool onlyOnce = false;  // else also from a call on for good
 };
 
-// A session of the real program on a folder, at noon of 2026-01-15, whose machine has one fault
-// that strikes when its plan says so. As on the terminal, a session may add behind the last link
-// and counts each growth once. Ends like a killed one unless it is quit.
-class FaultyProgram {
+// A program whose machine has one fault that strikes when its plan says so. It has an account,
+// three links with counters, of which two have hits of before, and a service that answers
+// everything. As on the terminal, a session may add behind the last link and counts each growth
+// once.
+class FaultyProgram : public MonitoredProgram {
  public:
-  FaultyProgram(const std::filesystem::path& folder, const ScriptedServer& server,
-                const Fault& fault)
-      : calls_(folder.native(), plan, fault.calls),
-        folder_(folder),
-        baseUrl_(server.Url()),
-        fault_(fault) {}
-
-  // Opens the store and puts the program together, without starting it.
-  void Open() { session_.emplace(*this); }
-  void Start() {
-    Open();
-    P().Dispatch([this] { P().StartProgram(); });
+  explicit FaultyProgram(const Fault& fault) : calls_(folder.Path().native(), plan, fault.calls) {
+    appendAfterLast = countOnce = true;
+    GiveAccount();
+    GiveCounters("<P>15 A.zip\n<P>9 B.zip\n<P>4 C.zip\n<P>1 D.zip\n<P>2 E.zip\n<P>3 F.zip\n");
+    server.Answer("/cgi-bin/Tallyo/devstats.cgi?account=mysitef.txt", "<P>ok\n");
+    Set(names::kBytesTransTotal, "1000");
+    Set(names::kDefUrl, "http://former/");
+    GiveLinks({"A", "B", "C"});
+    WriteFile("Data/LastRead.dat", "A=10,B=7,C=1,\r\n");
+    WriteFile("Data/2026/A-Jan", "15123\r\n14117\r\n");
+    WriteFile("Data/2026/B-Jan", "15115\r\n");
+    Between = [this, fault](const Machine& real) -> Machine {
+      return {.clock = real.clock,
+              .files = real.files,
+              .transfer = transfer_.emplace(real.transfer, plan, fault.transfer),
+              .store = store_.emplace(real.store, plan, fault.store),
+              .pump = real.pump,
+              .boxes = real.boxes,
+              .shell = real.shell};
+    };
   }
 
-  [[nodiscard]] Program& P() { return session_->program; }
-  [[nodiscard]] MainForm& Form() { return P().form; }
-  [[nodiscard]] const ScriptedBoxes& Boxes() const { return session_->boxes; }
-  [[nodiscard]] SettingsStore& Store() { return session_->realStore; }
-
-  // The outcome of a refresh; nothing where it did not come to one.
-  std::optional<RefreshOutcome> Refresh() {
-    std::optional<RefreshOutcome> outcome;
-    P().Dispatch([&] { outcome = P().refresh.RefreshStatistics(); });
-    return outcome;
+  // What is stored, as another program sees it.
+  [[nodiscard]] KeptData Data() {
+    SqliteStore store(folder.Path() / "settings.db", StoreAccess::ReadWrite);
+    return ReadKeptData(folder.Path(), store);
   }
 
   FaultPlan plan;
 
  private:
-  struct NoShell final : Shell {
-    void Open(const std::filesystem::path& /*document*/) override {}
-    void RunAtLogon(bool /*run*/) override {}
-  };
-
-  struct Session {
-    explicit Session(FaultyProgram& test)
-        : files(realFiles, test.plan, test.fault_.files),
-          realStore(test.folder_ / "settings.db", StoreAccess::ReadWrite),
-          store(realStore, test.plan, test.fault_.store),
-          transfer(realTransfer, test.plan, test.fault_.transfer),
-          boxes(pump),
-          program({.appDir = test.folder_,
-                   .serviceBaseUrl = test.baseUrl_,
-                   .appendAfterLast = true,
-                   .countOnce = true},
-                  {.clock = clock,
-                   .files = files,
-                   .transfer = transfer,
-                   .store = store,
-                   .pump = pump,
-                   .boxes = boxes,
-                   .shell = shell}) {}
-
-    FakeClock clock;
-    PosixFiles realFiles;
-    FailingFiles files;
-    SqliteStore realStore;
-    FailingStore store;
-    CurlTransfer realTransfer{"Tallyo/test"};
-    FailingTransfer transfer;
-    TestPump pump;
-    ScriptedBoxes boxes;
-    NoShell shell;
-    Program program;
-  };
-
   FailingCalls calls_;
-  std::filesystem::path folder_;
-  std::string baseUrl_;
-  Fault fault_;
-  std::optional<Session> session_;
+  std::optional<FailingTransfer> transfer_;
+  std::optional<FailingStore> store_;
 };
 
 }  // namespace tallyo::test

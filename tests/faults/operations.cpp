@@ -3,15 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 namespace tallyo::test {
 namespace {
 
 using testing::AnyOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Boxes = std::vector<std::string>;
 
 constexpr const char* kExported =
     "Data exported to: \nFOLDER/mysite.export\nYou also need to copy: \nFOLDER/Data/\n to the new "
@@ -21,13 +18,14 @@ constexpr const char* kQuestion =
     "A missconfiguration was found. Press Yes to reset the program. Warning This will remove all "
     "saved data";
 
-void Write(const std::filesystem::path& file, std::string_view text) {
-  std::ofstream(file, std::ios::binary) << text;
+// What runs as an event of the window does.
+std::function<void(FaultyProgram&)> AsEvent(void (*work)(FaultyProgram&)) {
+  return [work](FaultyProgram& program) { program.P().Dispatch([&] { work(program); }); };
 }
 
-void Choose(FaultyProgram& program, const char* name) {
-  ComboBox& listed = program.Form().Combo1;
-  listed.Choose(listed.Find(name));
+void Submit(FaultyProgram& program, int action) {
+  program.Form().Label2[static_cast<std::size_t>(action)].Click();
+  program.Form().Command1[1].Click();
 }
 
 void Add(FaultyProgram& program) {
@@ -36,48 +34,42 @@ void Add(FaultyProgram& program) {
   fields[field::kReference].SetText("D.zip");
   fields[field::kFriendlyName].SetText("D");
   fields[field::kSizeKb].SetText("4");
-  program.Form().Label2[action::kAdd].Click();
-  program.Form().Command1[1].Click();
+  Submit(program, action::kAdd);
 }
 
 void Remove(FaultyProgram& program) {
-  Choose(program, "B");
-  program.Form().Label2[action::kRemove].Click();
-  program.Form().Command1[1].Click();
-}
-
-void ExpectNone(const Boxes& boxes, const KeptData& /*now*/, const KeptData& /*before*/,
-                const KeptData& /*after*/) {
-  EXPECT_THAT(boxes, IsEmpty());
+  ComboBox& listed = program.Form().Combo1;
+  listed.Choose(listed.Find("B"));
+  Submit(program, action::kRemove);
 }
 
 // The service's answer is all that the box waits for. Without the account's check no request can be
 // submitted.
 auto ExpectSubmitted(const char* box) {
-  return [box](const Boxes& boxes, const KeptData& now, const KeptData& before,
-               const KeptData& /*after*/) {
+  return [box](const Outcome& outcome) {
     // A link that cannot be read fills no name.
-    EXPECT_THAT(boxes,
+    EXPECT_THAT(outcome.boxes,
                 AnyOf(IsEmpty(), ElementsAre(box), ElementsAre("Operation succesful -  Deleted")));
-    EXPECT_TRUE(!boxes.empty() || now.links == before.links);
+    EXPECT_TRUE(!outcome.boxes.empty() || outcome.now.links == outcome.before.links);
   };
 }
 
-void ExpectStarted(const Boxes& boxes, const KeptData& /*now*/, const KeptData& /*before*/,
-                   const KeptData& /*after*/) {
-  EXPECT_THAT(boxes, AnyOf(IsEmpty(), ElementsAre(kQuestion)));
+void ExpectNone(const Outcome& outcome) { EXPECT_THAT(outcome.boxes, IsEmpty()); }
+
+void ExpectStarted(const Outcome& outcome) {
+  EXPECT_THAT(outcome.boxes, AnyOf(IsEmpty(), ElementsAre(kQuestion)));
 }
 
-void ExpectExported(const Boxes& boxes, const KeptData& now, const KeptData& /*before*/,
-                    const KeptData& after) {
-  EXPECT_THAT(boxes, AnyOf(IsEmpty(), ElementsAre(kExported)));
-  EXPECT_TRUE(boxes.empty() || now.files == after.files) << "it says that it was written";
+void ExpectExported(const Outcome& outcome) {
+  EXPECT_THAT(outcome.boxes, AnyOf(IsEmpty(), ElementsAre(kExported)));
+  EXPECT_TRUE(outcome.boxes.empty() || outcome.now.files == outcome.wanted.files)
+      << "it says that it was written";
 }
 
-void ExpectImported(const Boxes& boxes, const KeptData& now, const KeptData& /*before*/,
-                    const KeptData& after) {
-  EXPECT_THAT(boxes, AnyOf(IsEmpty(), ElementsAre(kNotFound)));
-  EXPECT_TRUE(boxes.empty() || now.links != after.links) << "it says that it failed";
+void ExpectImported(const Outcome& outcome) {
+  EXPECT_THAT(outcome.boxes, AnyOf(IsEmpty(), ElementsAre(kNotFound)));
+  EXPECT_TRUE(outcome.boxes.empty() || outcome.now.links != outcome.wanted.links)
+      << "it says that it failed";
 }
 
 }  // namespace
@@ -86,8 +78,9 @@ const std::vector<Operation>& Operations() {
   static const std::vector<Operation> operations = {
       {.name = "start",  // after a session that was killed
        .prepare =
-           [](const std::filesystem::path& folder) {
-             std::filesystem::rename(folder / "Data/LastRead.dat", folder / "Data/LastRead.now");
+           [](FaultyProgram& program) {
+             const std::filesystem::path data = program.folder.Path() / "Data";
+             std::filesystem::rename(data / "LastRead.dat", data / "LastRead.now");
            },
        .isStart = true,
        .act = [](FaultyProgram& program) { program.Start(); },
@@ -96,30 +89,25 @@ const std::vector<Operation>& Operations() {
        .act = [](FaultyProgram& program) { program.Refresh(); },
        .expectBoxes = ExpectNone},
       {.name = "export",
-       .prepare = [](const auto& folder) { Write(folder / "mysite.export", "of last month\r\n"); },
-       .act =
-           [](FaultyProgram& program) {
-             program.P().Dispatch([&] { program.Form().mnuExportAll.Click(); });
-           },
+       .prepare =
+           [](FaultyProgram& program) { program.WriteFile("mysite.export", "of last month\r\n"); },
+       .act = AsEvent([](FaultyProgram& program) { program.Form().mnuExportAll.Click(); }),
        .expectBoxes = ExpectExported},
       {.name = "import",
        .prepare =
-           [](const auto& folder) {
-             Write(folder / "mysite.export",
-                   ";Tallyo v1.1\r\nusr=Acme, acc=mysite\r\nupd=2, dfu=http://d/\r\n"
-                   "1,E,E.zip,http://h/E\r\nE\r\n1,F,F.zip,http://h/F\r\nF\r\n");
-           },
-       .act =
            [](FaultyProgram& program) {
-             program.P().Dispatch([&] { program.Form().mnuImportAll.Click(); });
+             program.WriteFile("mysite.export",
+                               ";Tallyo v1.1\r\nusr=Acme, acc=mysite\r\nupd=2, dfu=http://d/\r\n"
+                               "1,E,E.zip,http://h/E\r\nE\r\n1,F,F.zip,http://h/F\r\nF\r\n");
            },
+       .act = AsEvent([](FaultyProgram& program) { program.Form().mnuImportAll.Click(); }),
        .expectBoxes = ExpectImported,
        .linksMayBeGone = true},
       {.name = "link add",
-       .act = [](FaultyProgram& program) { program.P().Dispatch([&] { Add(program); }); },
+       .act = AsEvent(Add),
        .expectBoxes = ExpectSubmitted("Operation succesful - D Added")},
       {.name = "link removal",
-       .act = [](FaultyProgram& program) { program.P().Dispatch([&] { Remove(program); }); },
+       .act = AsEvent(Remove),
        .expectBoxes = ExpectSubmitted("Operation succesful - B Deleted")},
       {.name = "quit",
        .act =

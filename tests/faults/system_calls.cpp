@@ -9,12 +9,11 @@
 #include <cstdarg>
 #include <cstdio>
 
-#include "tests/faults/current_calls.h"
 #include "tests/faults/failing_calls.h"
 
 namespace tallyo::test {
 
-FailingCalls*& CurrentCalls() {
+FailingCalls*& FailingCalls::Current() {
   static FailingCalls* current = nullptr;
   return current;
 }
@@ -29,20 +28,21 @@ Function* Real(const char* name) {
 
 template <typename File>
 bool Fails(Call call, File file) {
-  return CurrentCalls() != nullptr && CurrentCalls()->Fails(call, file);
+  return FailingCalls::Current() != nullptr && FailingCalls::Current()->Fails(call, file);
 }
 
 template <typename Open>
 int OpenOne(Open* real, const char* path, int flags, mode_t mode) {
   if (Fails(Call::Open, path)) return -1;
   const int descriptor = real(path, flags, mode);
-  if (CurrentCalls() != nullptr) CurrentCalls()->Opened(path, descriptor);
+  if (FailingCalls::Current() != nullptr) FailingCalls::Current()->Opened(path, descriptor);
   return descriptor;
 }
 
 template <typename Work>
 ssize_t WriteSome(int descriptor, std::size_t size, const Work& work) {
-  if (CurrentCalls() != nullptr && CurrentCalls()->FailsToWrite(descriptor, size)) return -1;
+  if (FailingCalls::Current() != nullptr && FailingCalls::Current()->FailsToWrite(descriptor, size))
+    return -1;
   return work(size);
 }
 
@@ -82,7 +82,7 @@ int open64(const char* path, int flags, ...) {
 int close(int descriptor) {
   static auto* const real = Real<decltype(::close)>("close");
   const bool fails = Fails(Call::Close, descriptor);
-  if (auto* const calls = tallyo::test::CurrentCalls()) calls->Closed(descriptor);
+  if (auto* const calls = tallyo::test::FailingCalls::Current()) calls->Closed(descriptor);
   const int result = real(descriptor);
   return fails ? -1 : result;
 }

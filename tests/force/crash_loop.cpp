@@ -19,18 +19,9 @@ constexpr std::array kNames = {"refresh", "watch", "window", "export", "import",
 constexpr std::size_t kFewestLinks = 3;
 constexpr std::size_t kMostLinks = 9;
 
-void Require(bool holds, const std::string& otherwise) {
-  if (!holds) throw Loss(otherwise);
-}
-
 std::string PointText(const KillPoint& point) {
-  if (const auto* call = std::get_if<AtCall>(&point)) {
-    return "at moment " + std::to_string(call->moment);
-  }
-  if (const auto* time = std::get_if<AfterMicroseconds>(&point)) {
-    return "after " + std::to_string(time->count) + " us";
-  }
-  return "not killed";
+  const std::string count = std::to_string(point.count);
+  return point.kind == KillPoint::Kind::Moment ? "at moment " + count : "after " + count + " us";
 }
 
 std::string RecordOf(int number) {
@@ -44,26 +35,29 @@ CrashLoop::CrashLoop(const fs::path& folder, std::uint64_t seed)
     : seed_(seed),
       appDir_(folder / "app"),
       importDir_(folder / "import"),
-      scratch_(folder / "scratch"),
-      service_(folder / "hits.db") {
+      scratch_(folder / "scratch") {
   doing_ = "the beginning";
   for (const fs::path& made : {appDir_, scratch_}) fs::create_directories(made);
+  service_.Answer("/Tallyo/accounts/acme.txt",
+                  "opn=01/15/2014,max=1000,exp=12/31/2099,ban=no,com=Acme,acc=acme\n");
+  service_.Answer("/cgi-bin/Tallyo/devstats.cgi?account=acmef.txt", "<P>ok\n");
   MustEndWell(Console({"account", "save", "Acme", "acme"}));
   SetStored(names::kCountOnce, "1");
   SetStored(names::kAppendAfterLast, "1");
   for (std::size_t i = 0; i < kMostLinks - 2; ++i) MustEndWell(Words(Add));
   MustEndWell(Console({"config", "export"}));
+  VisitLinks();
   Recover(Read(appDir_));
-  const std::string text = Read(appDir_).exports.at("acme.export");
+  const std::string text = Read(appDir_).files.at("acme.export");
   exportHeader_ = text.substr(0, text.find("1,Link"));
   for (std::size_t i = 0; i < kOperations; ++i) Measure(static_cast<Operation>(i));
 }
 
 void CrashLoop::Measure(Operation operation) {
   if (operation == Window && !IsBuilt("tallyo")) return;
-  const KeptState before = Read(appDir_);
+  const KeptData before = Read(appDir_);
   MakeRefreshDue(true);
-  Kill(operation, Never{Traced::Yes});
+  Kill(operation, {});
   CheckKilled(operation, before);
   Recover(before);
 }
@@ -76,7 +70,7 @@ void CrashLoop::Round(std::uint64_t number) {
   VisitLinks();
   MakeRefreshDue(operation != Refresh || OneIn(2));
   if (OneIn(8)) LeaveWorkFiles();
-  const KeptState before = Read(appDir_);
+  const KeptData before = Read(appDir_);
   const KilledRun run = Kill(operation, point);
   ++(run.killed ? courses_.at(operation).killed : courses_.at(operation).finished);
   CheckKilled(operation, before);
@@ -84,7 +78,7 @@ void CrashLoop::Round(std::uint64_t number) {
     const KillPoint again = ChoosePoint(Refresh);
     doing_ += ", then refresh, killed " + PointText(again);
     MakeRefreshDue(OneIn(2));
-    const KeptState between = Read(appDir_);
+    const KeptData between = Read(appDir_);
     Kill(Refresh, again);
     CheckKilled(Refresh, between);
   }
@@ -109,12 +103,14 @@ CrashLoop::Operation CrashLoop::ChooseOperation() {
 
 KillPoint CrashLoop::ChoosePoint(Operation operation) {
   const Course& course = courses_.at(operation);
+  const auto below = [this](std::int64_t limit) {
+    return static_cast<std::int64_t>(Below(static_cast<std::size_t>(limit)));
+  };
   // Where nothing may be traced, there are no moments.
   if (course.moments == 0 || OneIn(4)) {
-    return AfterMicroseconds{
-        static_cast<std::int64_t>(Below(static_cast<std::size_t>(course.microseconds)))};
+    return {KillPoint::Kind::Microseconds, below(course.microseconds)};
   }
-  return AtCall{1 + static_cast<std::int64_t>(Below(static_cast<std::size_t>(course.moments)))};
+  return {KillPoint::Kind::Moment, 1 + below(course.moments)};
 }
 
 std::vector<std::string> CrashLoop::Console(const std::vector<std::string>& words) const {
@@ -141,31 +137,42 @@ std::vector<std::string> CrashLoop::Words(Operation operation) {
     }
     case Add: {
       addedLink_ = RecordOf(++linksMade_);
-      const std::vector<std::string> fields = FieldsOf(addedLink_);
+      const std::vector<std::string> fields = test::FieldsOf(addedLink_);
+      reference_ = fields[2];
+      counters_[reference_] = 0;
       return Console({"links", "add", fields[3], "--name", fields[1], "--reference", fields[2],
                       "--size", fields[0]});
     }
     default: {
       const std::vector<std::string> links = Read(appDir_).links;
-      removedName_ = FieldsOf(links[Below(links.size())])[1];
-      return Console({"links", "remove", removedName_});
+      const std::vector<std::string> removed = test::FieldsOf(links[Below(links.size())]);
+      reference_ = removed[2];
+      return Console({"links", "remove", removed[1]});
     }
   }
 }
 
 KilledRun CrashLoop::Kill(Operation operation, const KillPoint& point) {
   if (operation == Import) PrepareImport();
-  lastCounters_ = service_.Counters();
+  AnswerCounters();
   std::function<bool()> hasRefreshed;
   if (operation == Watch || operation == Window) {
     hasRefreshed = [data = appDir_ / "Data"] {
       return fs::exists(data / "LastRead.now") && !fs::exists(data / "LastRead.dat");
     };
   }
-  const KilledRun run = RunAndKill(Words(operation), point, hasRefreshed);
+  const std::size_t asked = service_.Requests().size();
+  KilledRun run = RunAndKill(Words(operation), point, hasRefreshed);
   Require(run.killed || run.ending.Complaint().empty(), run.ending.Complaint());
   Require(!HoldsReport(run.ending.err), run.ending.err);
   Require(run.ending.err.find("[question]") == std::string::npos, run.ending.err);
+  const std::vector<std::string> requests = service_.Requests();
+  for (std::size_t i = asked; i < requests.size(); ++i) {
+    const bool changes = requests[i].find("&fryname=") != std::string::npos;
+    Require(!changes || ((operation == Add || operation == Remove) &&
+                         requests[i].find("&fryname=" + reference_ + "&") != std::string::npos),
+            "the service was asked for " + requests[i]);
+  }
   Course& course = courses_.at(operation);
   if (!run.killed) {
     course.moments = std::max(course.moments, run.moments);
@@ -175,11 +182,16 @@ KilledRun CrashLoop::Kill(Operation operation, const KillPoint& point) {
 }
 
 void CrashLoop::VisitLinks() {
-  for (const auto& counter : service_.Counters()) {
-    for (std::size_t visits = Below(4); visits > 0; --visits) {
-      Require(service_.Visit(counter.first), "a visitor was not led on");
-    }
+  for (auto& [reference, count] : counters_) count += static_cast<std::int64_t>(Below(4));
+  AnswerCounters();
+}
+
+void CrashLoop::AnswerCounters() {
+  std::string reply;
+  for (const auto& [reference, count] : counters_) {
+    reply += "<P>" + std::to_string(count) + " " + reference + "\n";
   }
+  service_.Answer("/cgi-bin/Tallyo/devstats.cgi?account=acme.txt", reply);
 }
 
 // With no last check a refresh books what it finds; shortly after one it only settles the counters
@@ -211,14 +223,6 @@ void CrashLoop::PrepareImport() {
   fs::remove_all(importDir_);
   fs::create_directories(importDir_);
   fs::copy_file(appDir_ / "acme.export", importDir_ / "acme.export");
-}
-
-KeptState CrashLoop::Read(const fs::path& appDir) const { return ReadKept(appDir, scratch_); }
-
-void CrashLoop::MustEndWell(const std::vector<std::string>& words) const {
-  const Ending ending = RunToEnd(words);
-  Require(ending.Complaint().empty(), words.back() + " " + ending.Complaint());
-  Require(ending.err.find("[question]") == std::string::npos, "it asks: " + ending.err);
 }
 
 std::string CrashLoop::Figures() const {

@@ -10,17 +10,24 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/force/kept_state.h"
 #include "tests/force/killed_run.h"
-#include "tests/force/running_service.h"
+#include "tests/support/kept_data.h"
+#include "tests/support/scripted_server.h"
 
 namespace tallyo::force {
+
+using test::KeptData;
 
 // Something that must not happen to what Tallyo keeps.
 class Loss : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+// Throws Loss where it does not hold.
+inline void Require(bool holds, const std::string& otherwise) {
+  if (!holds) throw Loss(otherwise);
+}
 
 // Kills Tallyo at random moments of its work, over and over in one AppDir, and looks each time at
 // what it has kept. The choices of a round follow from seed and round.
@@ -55,33 +62,32 @@ class CrashLoop {
   void Measure(Operation operation);
   KilledRun Kill(Operation operation, const KillPoint& point);
   void VisitLinks();
+  void AnswerCounters();
   void MakeRefreshDue(bool due);
   void SetStored(std::string_view name, const std::string& text) const;
   void LeaveWorkFiles();
   void PrepareImport();
 
-  void CheckKilled(Operation operation, const KeptState& before);
-  void CheckLinks(Operation operation, const KeptState& before, const KeptState& now) const;
-  void CheckExport(const KeptState& before, const KeptState& now) const;
-  void CheckHits(const KeptState& kept, bool all);
+  void CheckKilled(Operation operation, const KeptData& before);
+  void CheckLinks(Operation operation, const KeptData& before, const KeptData& now) const;
+  void CheckExport(const KeptData& before, const KeptData& now) const;
+  void CheckHits(const KeptData& kept, bool all) const;
   void CheckImport();
-  bool MakeServiceAgree(const KeptState& kept);
-  void Recover(const KeptState& before);
+  void Recover(const KeptData& before);
   void MustEndWell(const std::vector<std::string>& words) const;
-  [[nodiscard]] KeptState Read(const std::filesystem::path& appDir) const;
+  [[nodiscard]] KeptData Read(const std::filesystem::path& appDir) const;
 
   std::uint64_t seed_;
   std::mt19937_64 random_;
   std::filesystem::path appDir_;
   std::filesystem::path importDir_;
   std::filesystem::path scratch_;
-  RunningService service_;
+  test::ScriptedServer service_;
   std::array<Course, kOperations> courses_{};
   std::string exportHeader_;
-  std::map<std::string, std::int64_t> counters_;      // by reference, as they stand
-  std::map<std::string, std::int64_t> lastCounters_;  // as they stood before the kill
-  std::string addedLink_;                             // the record that an Add is to make
-  std::string removedName_;
+  std::map<std::string, std::int64_t> counters_;  // of all links that there were, by reference
+  std::string addedLink_;                         // the record that an Add is to make
+  std::string reference_;                         // of the link that an Add or Remove is about
   int linksMade_ = 0;
   std::string doing_;
 };

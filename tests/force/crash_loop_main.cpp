@@ -1,7 +1,6 @@
 // tallyo-crash-loop [--rounds N] [--seed N] [--folder DIR]: kills Tallyo N times (50) at moments
 // that follow from the seed (another one each time), and ends with 1 at the first loss. The folder
 // must be empty; without one it works in a folder that disappears.
-#include <charconv>
 #include <filesystem>
 #include <iostream>
 #include <optional>
@@ -22,23 +21,18 @@ struct Options {
   std::filesystem::path folder;
 };
 
-std::optional<std::uint64_t> NumberOf(std::string_view text) {
-  std::uint64_t number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  const bool whole = read.ec == std::errc() && read.ptr == text.data() + text.size();
-  return whole ? std::optional(number) : std::nullopt;
-}
-
+// Nothing where a word is unknown or a number is none.
 std::optional<Options> ReadOptions(int count, char** words) {
   Options options;
-  if (count % 2 == 0) return std::nullopt;
   for (int i = 1; i < count; i += 2) {
     const std::string_view word = words[i];
-    const std::optional<std::uint64_t> number = NumberOf(words[i + 1]);
-    if (word == "--folder") {
-      options.folder = words[i + 1];
-    } else if ((word == "--rounds" || word == "--seed") && number) {
-      (word == "--seed" ? options.seed : options.rounds) = *number;
+    const std::string value = i + 1 < count ? words[i + 1] : "";
+    const bool isNumber = !value.empty() && value.size() < 19 &&
+                          value.find_first_not_of("0123456789") == std::string::npos;
+    if (word == "--folder" && !value.empty()) {
+      options.folder = value;
+    } else if ((word == "--rounds" || word == "--seed") && isNumber) {
+      (word == "--seed" ? options.seed : options.rounds) = std::stoull(value);
     } else {
       return std::nullopt;
     }

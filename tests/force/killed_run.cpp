@@ -80,10 +80,7 @@ class Tracer {
 
 KilledRun RunAndKill(const std::vector<std::string>& words, const KillPoint& point,
                      const std::function<bool()>& hasDoneItsWork) {
-  const auto* atCall = std::get_if<AtCall>(&point);
-  const auto* afterTime = std::get_if<AfterMicroseconds>(&point);
-  const auto* never = std::get_if<Never>(&point);
-  const bool traced = atCall != nullptr || (never != nullptr && never->traced == Traced::Yes);
+  const bool traced = point.kind == KillPoint::Kind::Moment;
   const auto begin = std::chrono::steady_clock::now();
   ChildProcess program(words, traced ? Traced::Yes : Traced::No);
   std::jthread ender;
@@ -93,13 +90,15 @@ KilledRun RunAndKill(const std::vector<std::string>& words, const KillPoint& poi
       if (!stop.stop_requested()) program.Signal(SIGTERM);
     });
   }
-  if (afterTime != nullptr) {
-    Sleep(afterTime->count);
-    program.Signal(SIGKILL);
-  }
-  Tracer tracer(program.Id(), atCall != nullptr ? atCall->moment : 0);
+  Tracer tracer(program.Id(), point.count);
   int status = 0;
-  traced ? void(status = tracer.Follow()) : void(::waitpid(program.Id(), &status, 0));
+  if (traced) {
+    status = tracer.Follow();
+  } else {
+    Sleep(point.count);
+    program.Signal(SIGKILL);
+    ::waitpid(program.Id(), &status, 0);
+  }
   ender = {};
   KilledRun run;
   run.ending = program.Ended(status);

@@ -3,25 +3,20 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <variant>
 #include <vector>
 
 #include "tests/force/child_process.h"
 
 namespace tallyo::force {
 
-// When a program is killed. Calls are those that change a file or speak with the service; each has
-// a moment before it and one behind it, and the moments of a run count from 1.
-struct AtCall {
-  std::int64_t moment = 0;
-};
-struct AfterMicroseconds {
+// When a program is killed: at a moment, or after so many microseconds. Calls are those that change
+// a file or speak with the service; each has a moment before it and one behind it, and the moments
+// of a run count from 1. Moment 0 never comes.
+struct KillPoint {
+  enum class Kind { Moment, Microseconds };
+  Kind kind = Kind::Moment;
   std::int64_t count = 0;
 };
-struct Never {
-  Traced traced = Traced::No;
-};
-using KillPoint = std::variant<Never, AtCall, AfterMicroseconds>;
 
 struct KilledRun {
   Ending ending;

@@ -1,7 +1,9 @@
+#include <array>
+#include <map>
+#include <regex>
 #include <string>
-#include <vector>
+#include <string_view>
 
-#include "settings/names.h"
 #include "tests/fuzz/findings.h"
 #include "tests/fuzz/input_parts.h"
 #include "tests/fuzz/memory_machine.h"
@@ -12,117 +14,77 @@ namespace {
 
 constexpr long kLinks = 2;
 
-// What the check of an account leaves behind. The clock stands at 2026-01-15.
-struct Outcome {
-  bool accepted = true;
-  std::string slotsLeft;
-  std::string goodThrough;
-  std::string opened;
-  long maxSlots = 0;
-  std::string status;
-  std::string otherStatus;
-  std::string label8;
-  std::string title;
-  bool canManage = false;
-  bool canImport = false;
-  std::vector<std::string> boxes;
-
-  void NoteIn(Findings& findings) const {
-    findings.Count("accepted", accepted ? 1 : 0);
-    findings.Note("slots left", slotsLeft);
-    findings.Note("good through", goodThrough);
-    findings.Note("opened", opened);
-    findings.Count("most slots", maxSlots);
-    findings.Note("account status", status);
-    findings.Note("other status", otherStatus);
-    findings.Note("label 8", label8);
-    findings.Note("title", title);
-    findings.Count("can manage", canManage ? 1 : 0);
-    findings.Count("can import", canImport ? 1 : 0);
-    for (const std::string& box : boxes) {
-      findings.Note("box", box);
-    }
-  }
-};
-
 struct Typed {
   std::string company;
   std::string account;
   std::string path;
 };
 
-// Days from the first of January of the year 0, counted year by year; nothing for no date.
-std::optional<long> PlainDay(const std::string& text) {
-  std::vector<std::string> parts(1);
-  for (const char c : text) {
-    if (c == '/') {
-      parts.emplace_back();
-    } else if (c < '0' || c > '9') {
-      return std::nullopt;
-    } else {
-      parts.back() += c;
-    }
-  }
-  if (parts.size() != 3 || parts[0].empty() || parts[0].size() > 2 || parts[1].empty() ||
-      parts[1].size() > 2 || parts[2].size() != 4) {
+// What the check of an account leaves behind, by name.
+using Outcome = std::map<std::string, std::string>;
+
+// Year, month and day; nothing for no date.
+std::optional<std::array<int, 3>> PlainDate(const std::string& text) {
+  static const std::regex form(R"((\d\d?)/(\d\d?)/(\d{4}))");
+  std::smatch part;
+  if (!std::regex_match(text, part, form)) {
     return std::nullopt;
   }
-  const int month = std::stoi(parts[0]);
-  const int day = std::stoi(parts[1]);
-  const int year = std::stoi(parts[2]);
-  const auto leap = [](int y) { return (y % 4 == 0 && y % 100 != 0) || y % 400 == 0; };
-  std::vector<int> days = {31, leap(year) ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  if (month < 1 || month > 12 || day < 1 || day > days.at(static_cast<std::size_t>(month) - 1)) {
+  const int month = std::stoi(part[1]);
+  const int day = std::stoi(part[2]);
+  const int year = std::stoi(part[3]);
+  const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+  const std::array days = {0, 31, leap ? 29 : 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  if (month < 1 || month > 12 || day < 1 || day > days.at(static_cast<std::size_t>(month))) {
     return std::nullopt;
   }
-  long count = day;
-  for (int y = 0; y < year; ++y) {
-    count += leap(y) ? 366 : 365;
-  }
-  for (int m = 1; m < month; ++m) {
-    count += days.at(static_cast<std::size_t>(m) - 1);
-  }
-  return count;
+  return std::array{year, month, day};
+}
+
+void Refuse(Outcome& outcome, const std::string& box = "") {
+  outcome["accepted"] = "no";
+  outcome["boxes"] += box;
 }
 
 // False where the pair ends the check with a failure.
 bool ActPlainly(const std::string& key, const std::string& value, const Typed& typed,
                 Outcome& outcome) {
-  const auto refuse = [&](const char* text) {
-    outcome.boxes.emplace_back(text);
-    outcome.accepted = false;
-  };
   if (key == "opn") {
-    outcome.opened = value;
+    outcome["opened"] = value;
   } else if (key == "max") {
-    outcome.slotsLeft = PlainDecimal(PlainNumber(value) - static_cast<double>(kLinks)).value();
-    if (PlainNumber(outcome.slotsLeft) == 0) {
-      outcome.otherStatus = "No slots left";
-    } else if (outcome.otherStatus == "No slots left") {
-      outcome.otherStatus = "";
+    const std::string left = PlainDecimal(PlainNumber(value) - static_cast<double>(kLinks)).value();
+    outcome["slots left"] = left;
+    if (PlainNumber(left) == 0) {
+      outcome["other status"] = "No slots left";
+    } else if (outcome["other status"] == "No slots left") {
+      outcome["other status"] = "";
     }
     const std::optional<long> quota = PlainInt16(PlainNumber(value));
     if (!quota) {
       return false;
     }
-    outcome.maxSlots = *quota;
-    outcome.accepted = outcome.accepted && *quota >= 1;
+    outcome["most slots"] = std::to_string(*quota);
+    if (*quota < 1) {
+      Refuse(outcome);
+    }
   } else if (key == "exp") {
-    outcome.goodThrough = value;
-    const std::optional<long> day = PlainDay(value);
-    if (!day) {
+    outcome["good through"] = value;
+    const auto date = PlainDate(value);
+    if (!date) {
       return false;
     }
-    outcome.accepted = outcome.accepted && *day - PlainDay("01/15/2026").value() >= 1;
+    if (*date <= std::array{2026, 1, 15}) {
+      Refuse(outcome);
+    }
   } else if (key == "ban") {
-    outcome.status = value == "no" ? "Normal" : "Account Suspended";
+    outcome["status"] = value == "no" ? "Normal" : "Account Suspended";
     if (value != "no") {
-      refuse("This account is banned. All access is forbiden");
+      Refuse(outcome, "This account is banned. All access is forbiden\n");
     }
   } else if (key == "com" && value != typed.company) {
-    refuse("This account does not belong to the registration number supplied");
+    Refuse(outcome, "This account does not belong to the registration number supplied\n");
   } else if (key == "acc" && value != typed.account) {
-    refuse("This account does not belong to the supplied company name");
+    Refuse(outcome, "This account does not belong to the supplied company name\n");
   }
   return true;
 }
@@ -148,48 +110,53 @@ bool ReadPlainly(std::string rest, const Typed& typed, Outcome& outcome) {
   return true;
 }
 
-Outcome CheckPlainly(const Typed& typed, const std::string& record, Outcome outcome) {
+void CheckPlainly(const Typed& typed, const std::string& record, Outcome& outcome) {
   if (typed.account.empty()) {
-    return outcome;
+    return;
   }
   for (const char c : typed.account) {
     if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F) {
-      outcome.accepted = false;  // an address that cannot be sent
-      return outcome;
+      Refuse(outcome);  // an address that cannot be sent
+      return;
     }
   }
-  outcome.label8 = "Request Time out";
-  outcome.status = "Unknown";
-  outcome.otherStatus = "Not connected";
+  outcome["label 8"] = "Request Time out";
+  outcome["status"] = "Unknown";
+  outcome["other status"] = "Not connected";
   if (PlainPosition(record, "404") != 0 || record.empty()) {
-    outcome.label8 = "Account not found";
-    outcome.accepted = outcome.canManage = outcome.canImport = false;
+    Refuse(outcome);
+    outcome["label 8"] = "Account not found";
+    outcome["can manage"] = outcome["can import"] = "no";
   } else if (ReadPlainly(record, typed, outcome)) {
-    outcome.canManage = true;
-    outcome.canImport = outcome.canImport || !typed.path.empty();
-    outcome.otherStatus = "";
+    outcome["can manage"] = "yes";
+    outcome["can import"] = typed.path.empty() ? outcome["can import"] : "yes";
+    outcome["other status"] = "";
   } else {
-    outcome.accepted = false;
-    return outcome;
+    Refuse(outcome);
+    return;
   }
-  outcome.title = "        Tallyo  user: " + typed.company + ", account: " + typed.account;
-  return outcome;
+  outcome["title"] = "        Tallyo  user: " + typed.company + ", account: " + typed.account;
 }
 
 Outcome Shown(MemoryMachine& machine, bool accepted) {
   MainForm& form = machine.program.form;
-  return {.accepted = accepted,
-          .slotsLeft = form.Label4[0].Caption(),
-          .goodThrough = form.Label4[1].Caption(),
-          .opened = machine.Setting(names::kAccOpen),
-          .maxSlots = machine.program.state.MaxSlots,
-          .status = form.ListView3.Value(detail::kAccountStatus, 1),
-          .otherStatus = form.ListView3.Value(detail::kOtherStatus, 1),
-          .label8 = form.Label8.Caption(),
-          .title = form.TmnuDisTitle.Caption(),
-          .canManage = form.mnuManage.Enabled(),
-          .canImport = form.mnuScrnImport.Enabled(),
-          .boxes = machine.boxes.Texts()};
+  const auto yesOrNo = [](bool is) { return is ? "yes" : "no"; };
+  std::string boxes;
+  for (const std::string& text : machine.boxes.Texts()) {
+    boxes += text + "\n";
+  }
+  return {{"accepted", yesOrNo(accepted)},
+          {"slots left", form.Label4[0].Caption()},
+          {"good through", form.Label4[1].Caption()},
+          {"opened", machine.Setting(names::kAccOpen)},
+          {"most slots", std::to_string(machine.program.state.MaxSlots)},
+          {"status", form.ListView3.Value(detail::kAccountStatus, 1)},
+          {"other status", form.ListView3.Value(detail::kOtherStatus, 1)},
+          {"label 8", form.Label8.Caption()},
+          {"title", form.TmnuDisTitle.Caption()},
+          {"can manage", yesOrNo(form.mnuManage.Enabled())},
+          {"can import", yesOrNo(form.mnuScrnImport.Enabled())},
+          {"boxes", boxes}};
 }
 
 }  // namespace
@@ -213,12 +180,9 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   }
   machine.program.state.MaxSlots = 7;
 
-  const Outcome plain = CheckPlainly(typed, machine.transfer.accountRecord, Shown(machine, true));
-  const bool accepted = machine.program.verification.VerifyAccount();
-  Findings found;
-  Findings expected;
-  Shown(machine, accepted).NoteIn(found);
-  plain.NoteIn(expected);
-  RequireSame(found, expected);
+  Outcome plain = Shown(machine, true);
+  CheckPlainly(typed, machine.transfer.accountRecord, plain);
+  const Outcome found = Shown(machine, machine.program.verification.VerifyAccount());
+  RequireSame({found.begin(), found.end()}, {plain.begin(), plain.end()});
   return 0;
 }

@@ -7,7 +7,6 @@
 #include "tests/fuzz/findings.h"
 #include "tests/fuzz/input_parts.h"
 #include "tests/fuzz/memory_machine.h"
-#include "tests/fuzz/plain_daily.h"
 #include "tests/fuzz/plain_text.h"
 
 namespace tallyo::fuzz {
@@ -18,14 +17,22 @@ constexpr int kHours = 24;
 constexpr std::size_t kCells = std::size_t{kHours} * kDays;
 constexpr const char* kOld = "old";  // in every cell before a month is read
 
-// The cells of a month, hour by hour and in it day by day.
-using Grid = std::vector<std::string>;
+struct Entry {
+  std::optional<long> day;
+  std::optional<long> hour;
+  double hits = 0;
 
-std::size_t CellOf(long row, long day) {
-  return static_cast<std::size_t>((row - 1) * kDays + day - 1);
-}
+  explicit Entry(const std::string& line)
+      : day(PlainInt16(PlainNumber(PlainMid(line, 1, 2)))),
+        hour(PlainInt16(PlainNumber(PlainMid(line, 3, 2)))),
+        hits(PlainNumber(PlainMid(line, 5))) {}
 
-int PlainDays(const std::string& month) {
+  [[nodiscard]] bool HasPlace() const {
+    return day && hour && *day >= 1 && *day <= kDays && *hour >= 0 && *hour < kHours;
+  }
+};
+
+std::size_t PlainDays(const std::string& month) {
   for (const char* name : {"Feb", "Apr", "Jun", "Sep", "Nov"}) {
     if (month == name) return 30;
   }
@@ -35,51 +42,52 @@ int PlainDays(const std::string& month) {
   return 0;
 }
 
-Grid PlainMonth(const std::string& month, const std::vector<std::string>& lines) {
-  Grid grid(kCells, kOld);
+// The cells of a month, hour by hour and in it day by day.
+void NoteMonth(Findings& plain, const std::string& month, const std::vector<std::string>& lines) {
+  std::vector<std::string> cells(kCells, kOld);
   for (std::size_t cell = 0; cell < kCells; ++cell) {
-    grid[cell] = static_cast<int>(cell % kDays) < PlainDays(month) ? "" : kOld;
+    if (cell % kDays < PlainDays(month)) cells[cell] = "";
   }
   for (const std::string& line : lines) {
-    if (line.empty()) {
-      continue;
-    }
-    const std::optional<long> day = PlainInt16(PlainNumber(PlainMid(line, 1, 2)));
-    const std::optional<long> hour = PlainInt16(PlainNumber(PlainMid(line, 3, 2)));
-    const std::optional<long> hits = PlainInt16(PlainNumber(PlainMid(line, 5)));
-    if (!day || !hour || !hits || *day < 1 || *day > kDays || *hour < 0 || *hour >= kHours) {
-      break;
-    }
-    grid[CellOf(*hour + 1, *day)] = std::to_string(*hits);
+    if (line.empty()) continue;
+    const Entry entry(line);
+    const std::optional<long> hits = PlainInt16(entry.hits);
+    if (!entry.HasPlace() || !hits) break;
+    cells[static_cast<std::size_t>(*entry.hour * kDays + *entry.day - 1)] = std::to_string(*hits);
   }
-  return grid;
+  for (const std::string& cell : cells) {
+    plain.emplace_back("cell", cell);
+  }
 }
 
 void NoteEntries(Findings& plain, const std::vector<std::string>& lines) {
-  std::map<std::pair<long, long>, std::vector<double>> entries;
+  std::multimap<std::pair<long, long>, double> entries;
   for (const std::string& line : lines) {
-    const long day = PlainInt16(PlainNumber(PlainMid(line, 1, 2))).value_or(0);
-    const long hour = PlainInt16(PlainNumber(PlainMid(line, 3, 2))).value_or(-1);
-    if (line.size() > 4 && day >= 1 && day <= kDays && hour >= 0 && hour < kHours) {
-      entries[{day, hour}].push_back(PlainNumber(PlainMid(line, 5)));
+    const Entry entry(line);
+    if (line.size() > 4 && entry.HasPlace()) {
+      entries.insert({{*entry.day, *entry.hour}, entry.hits});
     }
   }
-  for (const auto& [time, all] : entries) {
-    for (const double hits : all) {
-      plain.Note(std::to_string(time.first) + " " + std::to_string(time.second), hits);
-    }
+  for (const auto& [time, hits] : entries) {
+    plain.emplace_back(std::to_string(time.first) + " " + std::to_string(time.second),
+                       PlainDecimal(hits, 17).value());
   }
 }
 
-void NoteGrid(Findings& findings, const Grid& grid) {
-  std::string old;
-  for (std::size_t cell = 0; cell < grid.size(); ++cell) {
-    old += grid[cell] == kOld ? 'o' : '.';
-    if (!grid[cell].empty() && grid[cell] != kOld) {
-      findings.Note("cell " + std::to_string(cell), grid[cell]);
+// The content of a daily file with more hits in the hour of the key, line by line.
+std::string PlainDailyFile(std::string_view content, const std::string& key, long increment) {
+  std::string result;
+  bool matched = false;
+  for (const std::string& line : PlainLines(content)) {
+    if (PlainMid(line, 1, 4) == key) {
+      const double hits = PlainNumber(PlainMid(line, 5)) + static_cast<double>(increment);
+      result += key + PlainDecimal(hits).value() + "\r\n";
+      matched = true;
+    } else {
+      result += line + "\r\n";
     }
   }
-  findings.Note("old", old);
+  return matched ? result : result + key + std::to_string(increment) + "\r\n";
 }
 
 // A grid as the window has it, and the files of one link in memory.
@@ -98,22 +106,20 @@ struct Month {
     state.YearFolder = "2026/";
   }
 
-  [[nodiscard]] Grid Shown() const {
-    Grid grid;
-    for (int row = 1; row <= kHours; ++row) {
-      for (int day = 1; day <= kDays; ++day) {
-        grid.push_back(form.ListView2.Value(row, day));
-      }
-    }
-    return grid;
-  }
-
   MainForm form;
   SharedState state;
   MemoryFiles files;
   test::FakeClock clock;
   DailyFiles daily{form, state, files, clock};
 };
+
+void NoteMonth(Findings& program, const MainForm& form) {
+  for (int row = 1; row <= kHours; ++row) {
+    for (int day = 1; day <= kDays; ++day) {
+      program.emplace_back("cell", form.ListView2.Value(row, day));
+    }
+  }
+}
 
 }  // namespace
 }  // namespace tallyo::fuzz
@@ -138,19 +144,20 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   Findings program;
   Findings plain;
   world.daily.LoadDailyFile(month, "a");
-  NoteGrid(program, world.Shown());
-  NoteGrid(plain, PlainMonth(month, lines));
+  NoteMonth(program, world.form);
+  NoteMonth(plain, month, lines);
   for (const tallyo::HourHits& entry : world.daily.ReadMonth(shown, "a")) {
-    program.Note(std::to_string(entry.day) + " " + std::to_string(entry.hour), entry.hits);
+    program.emplace_back(std::to_string(entry.day) + " " + std::to_string(entry.hour),
+                         PlainDecimal(entry.hits, 17).value());
   }
   NoteEntries(plain, lines);
 
   std::string& january = world.files.contents["/a/Data/2026/a-Jan"];
   january = content;
-  program.Count("written", world.daily.WriteDailyCount(increment, "a") ? 1 : 0);
-  program.Note("file", january);
-  plain.Count("written", 1);
-  plain.Note("file", PlainDailyFile(content, "1512", increment));
+  program.emplace_back("written", world.daily.WriteDailyCount(increment, "a") ? "yes" : "no");
+  program.emplace_back("file", january);
+  plain.emplace_back("written", "yes");
+  plain.emplace_back("file", PlainDailyFile(content, "1512", increment));
   RequireSame(program, plain);
   return 0;
 }

@@ -1,8 +1,8 @@
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "links/stored_records.h"
-#include "settings/names.h"
 #include "tests/fuzz/findings.h"
 #include "tests/fuzz/input_parts.h"
 #include "tests/fuzz/memory_machine.h"
@@ -12,39 +12,17 @@
 namespace tallyo::fuzz {
 namespace {
 
-constexpr const char* kBefore = "before";  // the default URL that is stored before an import
+// What an import makes of an installation, by name; lists have a line for each entry. "failure" is
+// what the person is told, "(list)" where the links do not hang together.
+using Imported = std::map<std::string, std::string>;
 
-// What an import makes of an installation.
-struct Imported {
-  std::string failure;  // what the person is told; "(list)" where the links do not hang together
-  long questions = 0;
-  std::string user;
-  std::string account;
-  std::string defaultUrl = kBefore;
-  std::string interval;
-  std::vector<std::string> records;
-  std::vector<std::string> names;
-  std::vector<std::pair<std::string, std::string>> rows;
-
-  void NoteIn(Findings& findings) const {
-    findings.Note("failure", failure);
-    findings.Count("questions", questions);
-    findings.Note("user", user);
-    findings.Note("account", account);
-    findings.Note("default url", defaultUrl);
-    findings.Note("interval", interval);
-    for (const std::string& record : records) {
-      findings.Note("record", record);
-    }
-    for (const std::string& name : names) {
-      findings.Note("name", name);
-    }
-    for (const auto& [name, path] : rows) {
-      findings.Note("row", name);
-      findings.Note("path", path);
-    }
+std::string Joined(const std::vector<std::string>& texts) {
+  std::string all;
+  for (const std::string& text : texts) {
+    all += text + "\n";
   }
-};
+  return all;
+}
 
 std::string Trimmed(std::string text) {
   while (text.starts_with(' ')) {
@@ -59,61 +37,61 @@ std::string Trimmed(std::string text) {
 // Reads a file as the person at the boxes gets it.
 class PlainImport {
  public:
-  PlainImport(Imported result, bool answersYes)
-      : result_(std::move(result)), before_(result_), answersYes_(answersYes) {}
+  PlainImport(Imported before, bool answersYes)
+      : result_(std::move(before)), before_(result_), answersYes_(answersYes) {}
 
   Imported Run(const std::string& text, bool readable) {
-    const std::string notFound = "File: /a/" + before_.account + ".export not found";
-    std::string failure = !readable || text.find('\0') != std::string::npos ? notFound : "";
+    std::string failure = !readable || text.find('\0') != std::string::npos ? NotFound() : "";
     if (failure.empty()) {
-      failure = Read(PlainLines(text), notFound);
+      failure = Read(PlainLines(text));
     }
     if (failure.empty() && !Check()) {
       failure = "(list)";
     }
-    if (!failure.empty()) {
-      before_.failure = failure;
-      before_.interval = result_.interval;
-      before_.questions = result_.questions;
-      return before_;
-    }
-    return result_;
+    Imported& outcome = failure.empty() ? result_ : before_;
+    outcome["failure"] = failure;
+    outcome["interval"] = result_["interval"];
+    outcome["questions"] = result_["questions"];
+    return outcome;
   }
 
  private:
+  [[nodiscard]] std::string NotFound() {
+    return "File: /a/" + before_["account"] + ".export not found";
+  }
+
   // The failure, or "".
-  std::string Read(const std::vector<std::string>& lines, const std::string& notFound) {
+  std::string Read(const std::vector<std::string>& lines) {
     bool header = true;
     for (std::size_t i = 0; i < lines.size(); ++i) {
       const std::string& line = lines[i];
-      if (!header) {
-        if (line.empty()) {
-          continue;
-        }
+      if (!header && !line.empty()) {
         if (++i == lines.size()) {
-          return notFound;
+          return NotFound();
         }
-        result_.records.push_back(line);
-        result_.names.push_back(lines[i]);
-      } else if (line.starts_with(';')) {
+        records_.push_back(line);
+        names_.push_back(lines[i]);
+      } else if (header && line.starts_with(';')) {
         if (PlainPosition(line, "v1.1") == 0) {
-          ++result_.questions;
+          result_["questions"] += "?";
           if (!answersYes_) {
             return "Load aborted by user";
           }
         }
-      } else if (const std::string failure = ReadHeader(line, notFound, header); !failure.empty()) {
-        return failure;
+      } else if (header) {
+        if (const std::string failure = ReadHeader(line, header); !failure.empty()) {
+          return failure;
+        }
       }
     }
     return "";
   }
 
-  std::string ReadHeader(std::string line, const std::string& notFound, bool& header) {
+  std::string ReadHeader(std::string line, bool& header) {
     while (!line.empty()) {
       const std::size_t e = PlainPosition(line, "=");
       if (e == 0) {
-        return notFound;
+        return NotFound();
       }
       const std::size_t found = PlainPosition(line, ",");
       const std::size_t c = found == 0 ? line.size() + 1 : found;
@@ -121,14 +99,14 @@ class PlainImport {
       line = Trimmed(PlainMid(line, c + 1));
       const std::string key = Trimmed(PlainMid(pair, 1, e - 1));
       const std::string value = Trimmed(PlainMid(pair, e + 1));
-      if ((key == "usr" && value != before_.user) || (key == "acc" && value != before_.account)) {
+      if ((key == "usr" && value != before_["user"]) ||
+          (key == "acc" && value != before_["account"])) {
         return "Wrong Account";
       }
       if (key == "upd") {
-        result_.interval = PlainNumber(value) < 0.5 ? "0.5" : value;
+        result_["interval"] = PlainNumber(value) < 0.5 ? "0.5" : value;
       } else if (key == "dfu") {
-        result_.interval = value;
-        result_.defaultUrl = value;
+        result_["interval"] = result_["default url"] = value;
         header = false;
       }
     }
@@ -137,41 +115,45 @@ class PlainImport {
 
   // The list check: every name must be found.
   bool Check() {
-    const PlainLinks links(result_.records);
+    const PlainLinks links(records_);
     PlainFields fields;
-    for (const std::string& name : result_.names) {
+    for (const std::string& name : names_) {
       if (!links.Find(fields, name, 1).found) {
         return false;
       }
-      result_.rows.emplace_back(fields[1], fields[3]);
+      result_["rows"] += fields[1] + "\n" + fields[3] + "\n";
     }
+    result_["records"] = Joined(records_);
+    result_["names"] = Joined(names_);
     return true;
   }
 
   Imported result_;
   Imported before_;
   bool answersYes_;
+  std::vector<std::string> records_;
+  std::vector<std::string> names_;
 };
 
-Imported Shown(MemoryMachine& machine, bool loaded) {
+Imported Shown(MemoryMachine& machine) {
   MainForm& form = machine.program.form;
-  Imported shown{.failure = loaded ? "" : "(list)",
-                 .questions = 0,
-                 .user = machine.Setting(names::kUser),
-                 .account = machine.Setting(names::kAccount),
-                 .defaultUrl = machine.Setting(names::kDefUrl),
-                 .interval = form.Text2.Text(),
-                 .records = StoredRecords(machine.store),
-                 .names = form.Combo1.Items(),
-                 .rows = {}};
+  Imported shown{{"failure", ""},
+                 {"questions", ""},
+                 {"user", machine.Setting(names::kUser)},
+                 {"account", machine.Setting(names::kAccount)},
+                 {"default url", machine.Setting(names::kDefUrl)},
+                 {"interval", form.Text2.Text()},
+                 {"records", Joined(StoredRecords(machine.store))},
+                 {"names", Joined(form.Combo1.Items())},
+                 {"rows", ""}};
   for (int row = 1; row <= form.ListView1.RowCount(); ++row) {
-    shown.rows.emplace_back(form.ListView1.RowText(row), form.ListView1.Value(row, 3));
+    shown["rows"] += form.ListView1.RowText(row) + "\n" + form.ListView1.Value(row, 3) + "\n";
   }
   for (const MessageBox& box : machine.boxes.Shown()) {
     if (box.buttons == BoxButtons::YesNo) {
-      ++shown.questions;
+      shown["questions"] += "?";
     } else {
-      shown.failure = box.text;
+      shown["failure"] = box.text;
     }
   }
   return shown;
@@ -193,7 +175,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
   MemoryMachine machine;
   machine.Set(tallyo::names::kUser, company);
   machine.Set(tallyo::names::kAccount, account);
-  machine.Set(tallyo::names::kDefUrl, kBefore);
+  machine.Set(tallyo::names::kDefUrl, "before");
   machine.SetRecords({"1,old,old.zip,http://h/old", "2,older,older.zip,http://h/older"});
   machine.program.StartProgram();
   machine.boxes.NextAnswer = answersYes ? tallyo::BoxAnswer::Yes : tallyo::BoxAnswer::No;
@@ -201,14 +183,21 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     machine.files.contents["/a/" + account + ".export"] = text;
   }
 
-  Imported before;
-  before.user = company;
-  before.account = account;
-  before.interval = machine.program.form.Text2.Text();
-  Findings plain;
-  PlainImport(before, answersYes).Run(text, readable).NoteIn(plain);
-  Findings program;
-  Shown(machine, machine.program.configurationImport.ImportConfiguration()).NoteIn(program);
-  RequireSame(program, plain);
+  // An import begins with no links and no rows.
+  const Imported before{{"user", company},
+                        {"account", account},
+                        {"default url", "before"},
+                        {"questions", ""},
+                        {"records", ""},
+                        {"names", ""},
+                        {"rows", ""},
+                        {"interval", machine.program.form.Text2.Text()}};
+  const Imported plain = PlainImport(before, answersYes).Run(text, readable);
+  const bool loaded = machine.program.configurationImport.ImportConfiguration();
+  Imported found = Shown(machine);
+  if (!loaded && found["failure"].empty()) {
+    found["failure"] = "(list)";
+  }
+  RequireSame({found.begin(), found.end()}, {plain.begin(), plain.end()});
   return 0;
 }

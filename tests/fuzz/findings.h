@@ -1,25 +1,42 @@
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
 #include <string>
-#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace tallyo::fuzz {
 
-// What one reading of an input found, fact by fact, in a form that two readings can be compared in.
-class Findings {
- public:
-  void Note(std::string_view what, std::string_view value);
-  void Note(std::string_view what, double value);
-  void Count(std::string_view what, long value);
+// What one reading of an input found, fact by fact.
+using Findings = std::vector<std::pair<std::string, std::string>>;
 
-  // A line for each fact. Every byte but plain ASCII is escaped.
-  [[nodiscard]] const std::string& Text() const { return text_; }
-
- private:
-  std::string text_;
-};
+// A line for each fact. Every byte but plain ASCII is escaped.
+inline std::string TextOf(const Findings& findings) {
+  constexpr std::string_view kHexDigits = "0123456789abcdef";
+  std::string text;
+  for (const auto& [what, value] : findings) {
+    text += what + ": \"";
+    for (const char c : value) {
+      if (c >= ' ' && c <= '~' && c != '\\') {
+        text += c;
+      } else {
+        const auto byte = static_cast<unsigned char>(c);
+        text.append("\\x").append({kHexDigits[byte >> 4U], kHexDigits[byte & 15U]});
+      }
+    }
+    text += "\"\n";
+  }
+  return text;
+}
 
 // Prints both and aborts where the program found something else than the plain reading did.
-void RequireSame(const Findings& program, const Findings& plain);
+inline void RequireSame(const Findings& program, const Findings& plain) {
+  if (program != plain) {
+    std::fprintf(stderr, "== the program found\n%s== the plain reading found\n%s",
+                 TextOf(program).c_str(), TextOf(plain).c_str());
+    std::abort();
+  }
+}
 
 }  // namespace tallyo::fuzz

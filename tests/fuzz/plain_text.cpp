@@ -42,28 +42,9 @@ double PlainNumber(std::string_view text) {
   return value == 0 ? 0 : value;
 }
 
-std::optional<double> PlainStrictNumber(std::string_view text) {
-  std::string rest(text);
-  while (rest.starts_with(' ')) {
-    rest.erase(0, 1);
-  }
-  while (rest.ends_with(' ')) {
-    rest.pop_back();
-  }
-  if (rest.starts_with('+') || rest.starts_with('-')) {
-    rest.erase(0, 1);
-  }
-  if (rest.find_first_of("0123456789") == std::string::npos ||
-      rest.find_first_not_of("0123456789.") != std::string::npos ||
-      rest.find('.') != rest.rfind('.')) {
-    return std::nullopt;
-  }
-  return PlainNumber(text);
-}
-
-std::optional<long> PlainWhole(double value, long lowest, long highest) {
+std::optional<long> PlainInt16(double value) {
   const double whole = std::nearbyint(value);
-  if (!(whole >= static_cast<double>(lowest) && whole <= static_cast<double>(highest))) {
+  if (!(whole >= -32768 && whole <= 32767)) {
     return std::nullopt;
   }
   return static_cast<long>(whole);

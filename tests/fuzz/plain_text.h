@@ -11,14 +11,8 @@ namespace tallyo::fuzz {
 
 [[nodiscard]] double PlainNumber(std::string_view text);
 
-// Nothing where the text is not a number between blanks and nothing else.
-[[nodiscard]] std::optional<double> PlainStrictNumber(std::string_view text);
-
-// Rounded half to even; nothing where that is outside the bounds.
-[[nodiscard]] std::optional<long> PlainWhole(double value, long lowest, long highest);
-[[nodiscard]] inline std::optional<long> PlainInt16(double value) {
-  return PlainWhole(value, -32768, 32767);
-}
+// Rounded half to even; nothing where that is outside of 16 bits.
+[[nodiscard]] std::optional<long> PlainInt16(double value);
 
 // Nothing for what is not finite.
 [[nodiscard]] std::optional<std::string> PlainDecimal(double value, int significantDigits = 15);

@@ -9,32 +9,35 @@
 namespace tallyo::fuzz {
 namespace {
 
-void ReadPlainly(std::string line, Findings& plain) {
+Findings ReadPlainly(std::string line) {
+  Findings plain;
   while (const std::size_t comma = PlainPosition(line, ",")) {
     const std::string entry = PlainMid(line, 1, comma - 1);
     line = PlainMid(line, comma + 1);
     const std::size_t equals = PlainPosition(entry, "=");
     const std::optional<long> value = PlainInt16(PlainNumber(PlainMid(entry, equals + 1)));
     if (equals == 0 || !value) {
-      return plain.Note("error", "");
+      plain.emplace_back("error", "");
+      return plain;
     }
-    plain.Note("name", PlainMid(entry, 1, equals - 1));
-    plain.Count("counter", *value);
+    plain.emplace_back(PlainMid(entry, 1, equals - 1), std::to_string(*value));
   }
-  plain.Count("used up", line.empty() ? 1 : 0);
+  plain.emplace_back(line.empty() ? "used up" : "left", "");
+  return plain;
 }
 
-void Read(std::string_view text, Findings& program) {
+Findings Read(std::string_view text) {
+  Findings program;
   SnapshotLine line(text);
   try {
     while (const std::optional<SnapshotEntry> entry = line.Next()) {
-      program.Note("name", entry->name);
-      program.Count("counter", entry->counter);
+      program.emplace_back(entry->name, std::to_string(entry->counter));
     }
-    program.Count("used up", line.UsedUp() ? 1 : 0);
+    program.emplace_back(line.UsedUp() ? "used up" : "left", "");
   } catch (const RuntimeError&) {
-    program.Note("error", "");
+    program.emplace_back("error", "");
   }
+  return program;
 }
 
 }  // namespace
@@ -42,12 +45,7 @@ void Read(std::string_view text, Findings& program) {
 
 // The line of counters that a session leaves to the next.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  using namespace tallyo::fuzz;
   const std::string text(data, data + size);
-  Findings program;
-  Findings plain;
-  Read(text, program);
-  ReadPlainly(text, plain);
-  RequireSame(program, plain);
+  tallyo::fuzz::RequireSame(tallyo::fuzz::Read(text), tallyo::fuzz::ReadPlainly(text));
   return 0;
 }

@@ -8,45 +8,38 @@
 namespace tallyo::fuzz {
 namespace {
 
-void ReadPlainly(std::string rest, Findings& plain) {
-  for (;;) {
-    const std::size_t blank = PlainPosition(rest, " ");
-    if (blank == 0) {
-      return plain.Note("end", "");
-    }
+// The last fact is how the reply ends.
+Findings ReadPlainly(std::string rest) {
+  Findings plain;
+  while (const std::size_t blank = PlainPosition(rest, " ")) {
     std::string token = PlainMid(rest, 1, blank - 1);
     rest = PlainMid(rest, blank + 1);
     const std::size_t mark = PlainPosition(token, "<P>");
-    if (mark == 0) {
-      return plain.Note("malformed", "");
-    }
     token = PlainMid(token, mark + 3);
-    if (token.empty()) {
-      return plain.Note("end", "");
+    if (mark != 0 && token.empty()) {
+      break;
     }
     const std::size_t lineFeed = PlainPosition(rest, "\n");
-    if (lineFeed == 0) {
-      return plain.Note("malformed", "");
+    if (mark == 0 || lineFeed == 0) {
+      plain.emplace_back("malformed", "");
+      return plain;
     }
-    plain.Note("counter", token);
-    plain.Note("reference", PlainMid(rest, 1, lineFeed - 1));
+    plain.emplace_back(token, PlainMid(rest, 1, lineFeed - 1));
     rest = PlainMid(rest, lineFeed + 1);
   }
+  plain.emplace_back("end", "");
+  return plain;
 }
 
-void Read(std::string_view text, Findings& program) {
+Findings Read(std::string_view text) {
+  Findings program;
   StatisticsReply reply(text);
-  for (;;) {
-    switch (reply.Next()) {
-      case StatisticsReply::Step::End:
-        return program.Note("end", "");
-      case StatisticsReply::Step::Malformed:
-        return program.Note("malformed", "");
-      case StatisticsReply::Step::Record:
-        program.Note("counter", reply.Counter());
-        program.Note("reference", reply.Reference());
-    }
+  auto step = reply.Next();
+  for (; step == StatisticsReply::Step::Record; step = reply.Next()) {
+    program.emplace_back(reply.Counter(), reply.Reference());
   }
+  program.emplace_back(step == StatisticsReply::Step::End ? "end" : "malformed", "");
+  return program;
 }
 
 }  // namespace
@@ -54,12 +47,7 @@ void Read(std::string_view text, Findings& program) {
 
 // The service's reply to a request for the counters.
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
-  using namespace tallyo::fuzz;
   const std::string text(data, data + size);
-  Findings program;
-  Findings plain;
-  Read(text, program);
-  ReadPlainly(text, plain);
-  RequireSame(program, plain);
+  tallyo::fuzz::RequireSame(tallyo::fuzz::Read(text), tallyo::fuzz::ReadPlainly(text));
   return 0;
 }

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/lies/answers.h"
 #include "tests/support/monitored_program.h"
 
 namespace tallyo::test {
@@ -20,23 +21,11 @@ constexpr const char* kSnapshot = "A=10,B=7,\r\n";
 constexpr std::string_view kAccountQuery = "accounts/mysite.txt";
 constexpr std::string_view kCountersQuery = "devstats.cgi?account=mysite.txt&action=show";
 
-const std::string ok = "HTTP/1.1 200 OK\r\n";
-const std::string chunked = ok + "Transfer-Encoding: chunked\r\n\r\n";
 const std::string body = "<P>15 A.zip\n<P>9 B.zip\n";
 const std::string gzipped =
     "\x1f\x8b\x08\x00\x00\x00\x00\x00\x02\x03"
     "\xb3\x09\xb0\x33\x34\x55\x70\xd4\xab\xca\x2c\xe0\xb2\x09\xb0\xb3\x54\x70\x02\x33"
     "\x01\x28\xe9\x3e\xb2\x17\x00\x00\x00"s;
-
-// An answer of proper form with this body.
-std::string Whole(const std::string& text, const std::string& head = ok) {
-  return head + "Content-Length: " + std::to_string(text.size()) + "\r\n\r\n" + text;
-}
-std::string Many(std::size_t count, std::string_view part) {
-  std::string all;
-  for (std::size_t i = 0; i < count; ++i) all += part;
-  return all;
-}
 
 // What a service answers for the counters, and what must come of it.
 struct Lie {
@@ -53,16 +42,11 @@ struct Lie {
 std::vector<Lie> BrokenConnections() {
   return {{"reset before the status line", "", Then::Reset},
           {"closed before the status line", "", Then::Close},
-          {"reset inside the status line", "HTTP/1.1 20", Then::Reset},
           {"reset inside the headers", ok + "Content-Len", Then::Reset},
-          {"closed inside the headers", ok + "Content-Length: 23\r\n", Then::Close},
           {"reset inside the body", ok + "Content-Length: 23\r\n\r\n<P>15 A.zip\n", Then::Reset},
           {"closed inside the body", ok + "Content-Length: 24\r\n\r\n" + body, Then::Close},
-          {"reset at a body without a length", ok + "\r\n" + body, Then::Reset},
           {"endless headers", ok, Then::Repeat, RefreshOutcome::NotReached, kBefore, 0,
            "X-More: " + Many(1000, "x") + "\r\n"},
-          {"one endless header", ok + "X: ", Then::Repeat, RefreshOutcome::NotReached, kBefore, 0,
-           Many(1000, "x")},
           {"an endless body", ok + "\r\n", Then::Repeat, RefreshOutcome::NotReached, kBefore, 0,
            Many(10000, "<P>1 x\n")},
           {"endless chunks", chunked, Then::Repeat, RefreshOutcome::NotReached, kBefore, 0,
@@ -83,10 +67,7 @@ std::vector<Lie> WrongFrames() {
           {"a length past 64 bits", ok + "Content-Length: 99999999999999999999\r\n\r\n" + body,
            Then::Close},
           {"a length past the cap", ok + "Content-Length: 16777217\r\n\r\n" + body, Then::Hold},
-          {"a length that is no number", ok + "Content-Length: many\r\n\r\n" + body, Then::Close},
           {"a bad chunk size", chunked + "zz\r\n" + body + "\r\n0\r\n\r\n", Then::Close},
-          {"a huge chunk size", chunked + "FFFFFFFFFFFFFFFFFF\r\n" + body, Then::Close},
-          {"a chunk past its size", chunked + "5\r\n" + body + "\r\n0\r\n\r\n", Then::Close},
           {"no last chunk", chunked + "17\r\n" + body + "\r\n", Then::Close},
           {"trailers", chunked + "17\r\n" + body + "\r\n0\r\nX: y\r\n\r\n", Then::KeepAlive,
            completed, kGood, body.size()},
@@ -104,14 +85,10 @@ std::vector<Lie> WrongHeads() {
   };
   return {{"no status line", "HELO there\r\n\r\n" + body, Then::Close},
           {"HTTP/0.9", body, Then::Close},
-          {"an unknown version", Whole(body, "HTTP/9.9 200 OK\r\n"), Then::Close},
-          {"a status that is no number", Whole(body, "HTTP/1.1 OK 200\r\n"), Then::Close},
           {"a NUL in a header", Whole(body, ok + "X: a\0b\r\n"s), Then::Close},
           good("a status line of 64 KiB", "HTTP/1.1 200 " + Many(65536, "k") + "\r\n"),
           good("the status 404", "HTTP/1.1 404 Not Found\r\n"),
-          good("the status 500", "HTTP/1.1 500 No\r\n"),
           good("a redirect", "HTTP/1.1 302 Found\r\nLocation: /elsewhere\r\n"),
-          good("a redirect to a file", "HTTP/1.1 301 Moved\r\nLocation: file:///etc/passwd\r\n"),
           good("gzip that is none", ok + "Content-Encoding: gzip\r\n"),
           good("control bytes in a header", ok + "X: \x1b[2J\x07\xff\r\n"),
           {"gzip that nobody asked for", Whole(gzipped, ok + "Content-Encoding: gzip\r\n"),
@@ -134,18 +111,13 @@ std::vector<Lie> WrongBodies() {
   const std::string digits(100000, '9');
   return {
       row("nothing", ""),
-      row("only <P>", "<P>"),
-      row("<P", "<P"),
       row("<P> and a blank", "<P> "),
-      row("no blanks", "<P>15,A.zip\n<P>9,B.zip\n"),
       row("no line feed", "<P>15 A.zip\n<P>9 B.zip", "A|15|5 B|7| ", stopped),
       row("a page", "<html> <P>15 A.zip\n</html>", kBefore, stopped),
       noNumber("a NUL in a counter", "<P>1\0005 A.zip\n"s, "A|1\0005|-9 B|7| "s),
       row("a NUL in a reference", "<P>15 A.zip\0\n"s),
       row("a negative counter", "<P>-5 A.zip\n", "A|-5|-15 B|7| "),
       row("growth past 16 bits", "<P>40000 A.zip\n<P>9 B.zip\n", "A|40000|39990 B|7| ", stopped),
-      row("a counter past 32 bits", "<P>9999999999 A.zip\n", "A|9999999999|9999999989 B|7| ",
-          stopped),
       row("a counter of 100,000 digits", "<P>" + digits + " A.zip\n",
           "A|" + digits + "|179769313486232" + std::string(294, '0') + " B|7| ", stopped),
       noNumber("control bytes", "<P>\x1b[31m15 A.zip\n", "A|\x1b[31m15|-10 B|7| "),

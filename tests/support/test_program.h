@@ -14,6 +14,7 @@
 #include "settings/sqlite_store.h"
 #include "settings/value_text.h"
 #include "tests/support/fake_clock.h"
+#include "tests/support/recording_shell.h"
 #include "tests/support/scripted_boxes.h"
 #include "tests/support/scripted_server.h"
 #include "tests/support/temp_folder.h"
@@ -32,6 +33,9 @@ class TestProgram {
   FakeClock clock;
   ScriptedServer server;
   TempFolder folder;
+
+  // What stands between the program and its machine from the next session on, where it is set.
+  std::function<Machine(const Machine& real)> Between;
 
   // The window's defaults unless a test sets them before Start.
   bool appendAfterLast = false;
@@ -114,13 +118,6 @@ class TestProgram {
   }
 
  private:
-  struct RecordingShell final : Shell {
-    void Open(const std::filesystem::path& document) override { opened.push_back(document); }
-    void RunAtLogon(bool run) override { runAtLogon.push_back(run); }
-    std::vector<std::filesystem::path> opened;
-    std::vector<bool> runAtLogon;
-  };
-
   struct Session {
     explicit Session(TestProgram& test)
         : store(test.folder.Path() / "settings.db", StoreAccess::ReadWrite),
@@ -135,13 +132,18 @@ class TestProgram {
                    .serviceBaseUrl = test.server.Url(),
                    .appendAfterLast = test.appendAfterLast,
                    .countOnce = test.countOnce},
-                  {.clock = test.clock,
-                   .files = files,
-                   .transfer = transfer,
-                   .store = store,
-                   .pump = pump,
-                   .boxes = boxes,
-                   .shell = shell}) {}
+                  MachineFor(test)) {}
+
+    Machine MachineFor(const TestProgram& test) {
+      const Machine real{.clock = test.clock,
+                         .files = files,
+                         .transfer = transfer,
+                         .store = store,
+                         .pump = pump,
+                         .boxes = boxes,
+                         .shell = shell};
+      return test.Between ? test.Between(real) : real;
+    }
 
     PosixFiles files;
     SqliteStore store;

@@ -4,14 +4,26 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <string_view>
+#include <thread>
 
 #include "text/runtime_error.h"
 
 namespace tallyo {
 namespace {
 
-constexpr int kBusyTimeoutMs = 5000;
+// How long another program that writes is waited for: looked for a gap between its changes every
+// millisecond. A program that waits longer each time, as SQLite would, may never meet one.
+constexpr int kMostPauses = 5'000;
+
+int PauseForOthers(void* /*context*/, int pausesUntilNow) {
+  if (pausesUntilNow >= kMostPauses) {
+    return 0;
+  }
+  std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  return 1;
+}
 
 // SQLite takes a file of a few bytes for an empty database, whatever they are. The file is read
 // through SQLite, since closing it here would drop the locks of every connection to it.
@@ -44,7 +56,7 @@ SqliteConnection ConnectSqlite(const std::string& name, int flags) {
   if (!StartsAsDatabase(*database)) {
     throw RuntimeError(sqlite3_errstr(SQLITE_NOTADB));
   }
-  sqlite3_busy_timeout(database, kBusyTimeoutMs);
+  sqlite3_busy_handler(database, PauseForOthers, nullptr);
   return connection;
 }
 

@@ -31,6 +31,9 @@ std::string ServiceRequests::FetchDocument(const std::string& url) {
 
 std::string ServiceRequests::Fetch(const std::string& url) {
   stopAsked_ = false;
+  if (OnBegun) {
+    OnBegun();
+  }
   OnTransferStateChanged(static_cast<std::int16_t>(TransferState::ResolvingHost));
   if (stopAsked_) {  // by an event that ran just now
     throw TransportFailure(TransportFailure::Reason::Cancelled, "the fetch was given up");

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,9 @@ class ServiceRequests {
   void StopFetch();
 
   [[nodiscard]] bool InFlight() const { return inFlight_; }
+
+  // Runs when a fetch has begun, before anything is waited for.
+  std::function<void()> OnBegun;
 
   // Seconds that the next transfer may take: one more with every transfer begun, 60 again after an
   // error.

@@ -179,6 +179,10 @@
         <source>This page cannot be shown</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>It is too long or too intricate to be shown here.</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>WindowMenus</name>

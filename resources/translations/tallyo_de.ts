@@ -180,6 +180,10 @@
         <source>This page cannot be shown</source>
         <translation>Diese Seite kann nicht angezeigt werden</translation>
     </message>
+    <message>
+        <source>It is too long or too intricate to be shown here.</source>
+        <translation>Das Dokument ist zu lang oder zu verschachtelt, um hier gezeigt zu werden.</translation>
+    </message>
 </context>
 <context>
     <name>WindowMenus</name>

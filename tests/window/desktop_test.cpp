@@ -27,6 +27,9 @@ TEST(LogonEntry, ComesAndGoesAmongThePersonsOwn) {
       R"X(Exec="/opt/a b/100%%/\\$HOME/\\"q\\"/\\`id\\`/\\\\n\\\\\\\\/tallyo" "--app-dir")X"
       R"X( "/d%%f\nName=x")X";
   EXPECT_NE(entry.find("\n" + line + "\n"), std::string::npos) << entry;
+  std::ofstream(file, std::ios::app) << "Hidden=true\n";  // as desktops switch an entry off
+  shell.RunAtLogon(true);
+  EXPECT_NE(PosixFiles().Read(file).find("Hidden=true"), std::string::npos);
   shell.RunAtLogon(false);
   EXPECT_FALSE(std::filesystem::exists(file));
   std::filesystem::remove(file.parent_path());
@@ -102,6 +105,16 @@ TEST_F(WindowDesktopTest, StartsMinimizedAndComesForward) {
   EXPECT_EQ(test.Form().Frame.State(), WindowState::Normal);
   const Place& panel = test.Form().Picture1[screen::kPreferences].Where();
   EXPECT_EQ(test.window.width(), (panel.width + 600) / 15);
+}
+
+TEST_F(WindowDesktopTest, TakesWhatWasTypedWhenItIsClosed) {
+  test.Start();
+  test.Show(screen::kPreferences);
+  test.Click("Text2");
+  test.Press(Qt::Key_A, Qt::ControlModifier);
+  test.Press(Qt::Key_4);
+  EXPECT_EQ(test.RunToEnd([this] { test.window.close(); }), 0);
+  EXPECT_EQ(test.Setting(names::kUpdDefTime), "4");
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <QBuffer>
+#include <QImage>
 #include <QTextBrowser>
+#include <algorithm>
 #include <fstream>
 
 #include "tests/window/url_opener.h"
@@ -30,6 +33,21 @@ class PageViewerTest : public testing::Test {
     }
     return testing::AssertionFailure() << "shows " << Page();
   }
+  [[nodiscard]] static std::string Nested(const std::string& element, int times) {
+    std::string page;
+    for (int i = 0; i < times; ++i) {
+      page += element;
+    }
+    return page;
+  }
+  [[nodiscard]] QSize Pictures() {
+    const QUrl name("p.png");
+    return test.Find<QTextBrowser>("WB1")
+        .document()
+        ->resource(QTextDocument::ImageResource, name)
+        .value<QImage>()
+        .size();
+  }
   void Go(const std::string& address) {
     test.Form().WB1.Navigate(address);
     test.Settle();
@@ -56,6 +74,15 @@ TEST_F(PageViewerTest, ShowsAPlainPageWhereThereIsNothingToShow) {
   test.server.AnswerWith("/loop", loop);
   Go(test.server.Url("/old"));
   EXPECT_TRUE(ComesToShow("new place"));
+  for (const std::string& page : {std::string(300'000, 'x'), Nested("<div>", 300)}) {
+    test.server.Answer("/much", page);
+    Go(test.server.Url("/much"));
+    EXPECT_TRUE(ComesToShow("too intricate"));
+  }
+  test.server.AnswerWith("/list", {.headers = {"Content-Type: Text/HTML"},
+                                   .body = Nested("<p>item", 2000) + "the end"});
+  Go(test.server.Url("/list"));
+  EXPECT_TRUE(ComesToShow("the end"));
   Go(test.server.Url("/loop"));
   EXPECT_TRUE(ComesToShow("This page cannot be shown"));
   test.server.Hold("/slow");
@@ -69,6 +96,23 @@ TEST_F(PageViewerTest, ShowsAPlainPageWhereThereIsNothingToShow) {
     Go(address);
     EXPECT_TRUE(ComesToShow("This page cannot be shown")) << address;
     EXPECT_TRUE(ComesToShow(address.substr(0, 6))) << address;
+  }
+}
+
+TEST_F(PageViewerTest, AsksForThePicturesOfEachPageAnew) {
+  QByteArray picture;
+  QBuffer buffer(&picture);
+  QImage(2, 2, QImage::Format_RGB32).save(&buffer, "PNG");
+  test.server.Answer("/a/p.png", picture.toStdString());
+  test.server.Answer("/b/p.png", picture.toStdString());
+  for (const std::string folder : {"/a/", "/b/"}) {
+    test.server.Answer(folder, "<img src=p.png>" + folder);
+    Go(test.server.Url(folder));
+    EXPECT_TRUE(ComesToShow(folder));
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+      return std::ranges::count(test.server.Requests(), "GET " + folder + "p.png HTTP/1.1") == 1;
+    }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Pictures() == QSize(2, 2); })) << folder;
   }
 }
 

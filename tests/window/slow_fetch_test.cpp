@@ -63,6 +63,19 @@ TEST_F(WindowFetching, EndsByTheStopButton) {
   EXPECT_FALSE(test.P().requests.InFlight());
   EXPECT_FALSE(test.Find("Busy").isVisible());
   EXPECT_EQ(test.Form().ListView1.Value(1, 1), "5");
+  // A tick begins another fetch, which changes no text that is not there already.
+  test.P().state.LastCheckTime = 0;
+  bool seen = false;
+  test.When([this] { return test.Find("StopTransfer").isVisible(); },
+            [&] {
+              seen = true;
+              QTest::mouseClick(&test.Find("StopTransfer"), Qt::LeftButton);
+            });
+  test.WhenRequested(4, [this] {
+    QTimer::singleShot(2000, &test.window, [this] { test.P().requests.StopFetch(); });
+  });
+  test.P().Dispatch([this] { test.P().scheduler.OnTimerTick(); });
+  EXPECT_TRUE(seen);
   test.server.Release();
   test.ClickItem("mnuViewStats");
   EXPECT_EQ(test.Form().ListView1.Value(1, 1), "12");

@@ -32,19 +32,28 @@ BusyIndicator::BusyIndicator(Mirror& mirror, QWidget* parent) : QWidget(parent),
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(bar);
   row->addWidget(stop);
-  moment_.setSingleShot(true);
   moment_.setInterval(kMomentMilliseconds);
-  connect(&moment_, &QTimer::timeout, this,
-          [this] { setVisible(mirror_.Of().requests.InFlight()); });
+  connect(&moment_, &QTimer::timeout, this, [this] { ShowOrHide(); });
   hide();
+}
+
+void BusyIndicator::Begin() {
+  if (!isVisible()) {
+    moment_.start();
+  }
 }
 
 void BusyIndicator::Look() {
   if (!mirror_.Of().requests.InFlight()) {
+    ShowOrHide();
+  }
+}
+
+void BusyIndicator::ShowOrHide() {
+  const bool busy = mirror_.Of().requests.InFlight();
+  setVisible(busy);
+  if (!busy) {
     moment_.stop();
-    hide();
-  } else if (!isVisible() && !moment_.isActive()) {
-    moment_.start();
   }
 }
 

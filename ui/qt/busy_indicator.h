@@ -15,10 +15,15 @@ class BusyIndicator : public QWidget {
  public:
   BusyIndicator(Mirror& mirror, QWidget* parent);
 
-  // Looks whether a fetch is in flight; to be called when that may have changed.
+  // A fetch has begun.
+  void Begin();
+
+  // Goes at once where no fetch is in flight any more.
   void Look();
 
  private:
+  void ShowOrHide();
+
   Mirror& mirror_;
   QTimer moment_;
 };

@@ -1,6 +1,5 @@
 #include "ui/qt/daily_status_panel.h"
 
-#include "ui/qt/elided_label.h"
 #include "ui/qt/panel_layout.h"
 #include "ui/qt/text_combo.h"
 #include "ui/qt/twips.h"
@@ -17,12 +16,15 @@ DailyStatusPanel::DailyStatusPanel(ControlBinding& binding, QWidget* parent)
     : QWidget(parent),
       model_(binding.Form().ListView2),
       sums_(model_),
+      hour_(new ElidedLabel(this)),
       monthSum_(new QLabel(this)) {
   QVBoxLayout* const column = PanelLayout(*this);
   column->addLayout(SelectorRow(binding));
   auto* const grid = new MonthGridView(binding.View(), binding.Form().ListView2, model_, this);
   grid->OnShown = [this] { ShowSums(); };
   auto* const sums = new MonthSumsView(sums_, this);
+  hour_->setBuddy(grid);
+  monthSum_->setBuddy(sums);
   auto* const tables = new QVBoxLayout;
   tables->setSpacing(0);
   for (QWidget* const table : {static_cast<QWidget*>(grid), static_cast<QWidget*>(sums)}) {
@@ -40,14 +42,12 @@ QLayout* DailyStatusPanel::SelectorRow(ControlBinding& binding) {
   link->setFixedWidth(Pixels(kLinkWidth));
   auto* const month = new TextCombo(binding.View(), form.Combo3, "Combo3", tr("Month"), this);
   month->setFixedWidth(Pixels(kMonthWidth));
-  auto* const hour = new ElidedLabel(this);
-  binding.Bind(form.Label5[2], *hour, "Label5_2");
-  hour->setBuddy(link);
+  binding.Bind(form.Label5[2], *hour_, "Label5_2");
   monthSum_->setObjectName("MonthSum");
   row->addWidget(link);
   row->addWidget(month);
   row->addSpacing(2 * row->spacing());
-  row->addWidget(hour);
+  row->addWidget(hour_);
   row->addStretch(1);
   row->addWidget(monthSum_);
   return row;

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include "ui/qt/control_binding.h"
+#include "ui/qt/elided_label.h"
 #include "ui/qt/month_grid_view.h"
 #include "ui/qt/month_model.h"
 
@@ -23,6 +24,7 @@ class DailyStatusPanel : public QWidget {
 
   MonthModel model_;
   MonthSumsModel sums_;
+  ElidedLabel* hour_;
   QLabel* monthSum_;
 };
 

@@ -2,11 +2,26 @@
 
 #include <QListView>
 #include <QPushButton>
+#include <QStyledItemDelegate>
 
 #include "ui/qt/panel_layout.h"
 #include "ui/qt/shown_string.h"
 
 namespace tallyo {
+namespace {
+
+// As wide as the list is, so that a long link is elided in it.
+class LineDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const override {
+    return {0, QStyledItemDelegate::sizeHint(option, index).height()};
+  }
+};
+
+}  // namespace
 
 ImportLinksPanel::ImportLinksPanel(ControlBinding& binding, QWidget* parent)
     : QWidget(parent), model_(binding.View(), binding.Form().List1) {
@@ -21,6 +36,7 @@ ImportLinksPanel::ImportLinksPanel(ControlBinding& binding, QWidget* parent)
   view->setUniformItemSizes(true);
   view->setEditTriggers(QAbstractItemView::NoEditTriggers);
   view->setTextElideMode(Qt::ElideMiddle);
+  view->setItemDelegate(new LineDelegate(view));
   caption->setBuddy(view);
   binding.View().Follow(list, [this, view, &list] {
     ControlBinding::ShowState(list, *view);

@@ -9,6 +9,8 @@
 namespace tallyo {
 namespace {
 
+constexpr qint64 kMostBytes = qint64{64} << 10U;  // more than any entry has
+
 // One word of an Exec line: quoted, and its special characters escaped, first for the line and then
 // for the value that it is.
 std::string ExecWord(const std::string& word) {
@@ -39,6 +41,9 @@ void LogonEntry::Set(bool run) const {
     QFile::remove(name);
     return;
   }
+  if (IsThere()) {
+    return;
+  }
   const QByteArray text = QByteArray::fromStdString(Text());
   QSaveFile file(name);
   if (QDir().mkpath(QFile::decodeName(File().parent_path().c_str())) &&
@@ -47,19 +52,29 @@ void LogonEntry::Set(bool run) const {
   }
 }
 
-std::string LogonEntry::Text() const {
+// An entry with the same command stays as it is: desktops note in it that the person switched it
+// off.
+bool LogonEntry::IsThere() const {
+  QFile file(QFile::decodeName(File().c_str()));
+  return file.open(QIODevice::ReadOnly) &&
+         file.read(kMostBytes).contains(QByteArray::fromStdString(CommandLine()));
+}
+
+std::string LogonEntry::CommandLine() const {
   std::string line;
   for (const std::string& word : command_) {
-    line += (line.empty() ? "" : " ") + ExecWord(word);
+    line += (line.empty() ? "Exec=" : " ") + ExecWord(word);
   }
+  return line + "\n";
+}
+
+std::string LogonEntry::Text() const {
   return "[Desktop Entry]\n"
          "Type=Application\n"
          "Name=Tallyo\n"
          "Comment=Counts the visitors of your links\n"
-         "Icon=tallyo\n"
-         "Exec=" +
-         line +
-         "\n"
+         "Icon=tallyo\n" +
+         CommandLine() +
          "StartupWMClass=tallyo\n"
          "Terminal=false\n";
 }

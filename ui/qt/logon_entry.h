@@ -12,7 +12,8 @@ class LogonEntry {
   // command: the program file and its arguments, whatever characters they hold.
   explicit LogonEntry(std::vector<std::string> command);
 
-  // Writes the entry among the person's own, or removes it. A failure changes nothing.
+  // Writes the entry among the person's own unless it is there, or removes it. A failure changes
+  // nothing.
   void Set(bool run) const;
 
   // The entry as it is written.
@@ -22,6 +23,9 @@ class LogonEntry {
   [[nodiscard]] static std::filesystem::path File();
 
  private:
+  [[nodiscard]] bool IsThere() const;
+  [[nodiscard]] std::string CommandLine() const;
+
   std::vector<std::string> command_;
 };
 

@@ -1,5 +1,4 @@
 #include "ui/qt/main_window.h"
-
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -50,11 +49,15 @@ MainWindow::MainWindow(Program& program, const OwnDocuments& documents)
     FocusScreen();
     busy_->Look();
   };
+  mirror_.Of().requests.OnBegun = [this] { busy_->Begin(); };
   connect(qApp, &QGuiApplication::commitDataRequest, this, [this] { Quit(); });
   connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { Quit(); });
 }
 
-MainWindow::~MainWindow() { mirror_.OnShown = nullptr; }
+MainWindow::~MainWindow() {
+  mirror_.OnShown = nullptr;
+  mirror_.Of().requests.OnBegun = nullptr;
+}
 
 bool MainWindow::Start() {
   mirror_.Send([this] { mirror_.Of().StartProgram(); });
@@ -65,6 +68,7 @@ bool MainWindow::Start() {
 }
 
 void MainWindow::Quit() {
+  mirror_.Send([this] { mirror_.Form().LeaveFocus(); });  // what was typed is taken
   mirror_.Send([this] { mirror_.Of().Quit(); });
 }
 
@@ -108,12 +112,15 @@ void MainWindow::MakeStrip() {
     label->setMaximumWidth(Pixels(kWidestInStrip));  // none pushes the others out
     binding_.Bind(control, *label, name);
     row->addWidget(label);
+    return label;
   };
-  add(form.Label5[1], "Label5_1");
-  add(form.Label4[0], "Label4_0");
+  const auto addPair = [&](std::size_t caption, std::size_t figure) {
+    ElidedLabel* const shown = add(form.Label5[caption], QString("Label5_%1").arg(caption));
+    shown->setBuddy(add(form.Label4[figure], QString("Label4_%1").arg(figure)));
+  };
+  addPair(1, 0);
   row->addSpacing(2 * row->spacing());
-  add(form.Label5[0], "Label5_0");
-  add(form.Label4[1], "Label4_1");
+  addPair(0, 1);
   row->addStretch(1);
 }
 
@@ -174,8 +181,8 @@ void MainWindow::ShowFrame() {
   }
 }
 
-// The frame's place is the size of the window's inside. With a large font the menus and the lines
-// at the bottom may need a little more.
+// The frame's place is the size of the window's inside. With a large font the menus and the
+// lines at the bottom may need a little more.
 void MainWindow::FitToFrame() {
   const Place& frame = mirror_.Form().Frame.Where();
   if (frame.width <= 0 || mirror_.Form().Frame.State() == WindowState::Minimized) {
@@ -196,8 +203,7 @@ void MainWindow::FitToFrame() {
 // A screen that the program asks no field of is entered at its first control.
 void MainWindow::FocusScreen() {
   QWidget* const panel = ShownPanel();
-  QWidget* const focused = focusWidget();
-  if (panel == nullptr || (focused != nullptr && panel->isAncestorOf(focused))) {
+  if (panel == nullptr || panel->isAncestorOf(focusWidget())) {
     return;
   }
   for (QWidget* next = panel->nextInFocusChain(); panel->isAncestorOf(next);
@@ -212,16 +218,12 @@ void MainWindow::FocusScreen() {
 
 QWidget* MainWindow::ShownPanel() const {
   const auto& panels = mirror_.Form().Picture1;
-  const auto shown =
-      std::ranges::find_if(panels, [](const Panel& panel) { return panel.Visible(); });
+  const auto shown = std::ranges::find_if(panels, &Panel::Visible);
   return shown == panels.end() ? nullptr
                                : panels_.at(static_cast<std::size_t>(shown - panels.begin()));
 }
 
-void MainWindow::closeEvent(QCloseEvent* event) {
-  Quit();
-  event->accept();
-}
+void MainWindow::closeEvent(QCloseEvent* /*event*/) { Quit(); }
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);

@@ -5,6 +5,7 @@
 #include <QStyle>
 #include <cmath>
 
+#include "ui/qt/mixed_color.h"
 #include "ui/qt/month_model.h"
 
 namespace tallyo {
@@ -14,20 +15,13 @@ constexpr double kFaintest = 0.10;   // parts of the highlight colour in a cell 
 constexpr double kStrongest = 0.55;  // and in the one with most
 constexpr int kSideRoom = 3;         // pixels beside the number
 constexpr double kSmallestFont = 5;  // points
-
-QColor Mixed(const QColor& ground, const QColor& highlight, double part) {
-  const auto mix = [part](float a, float b) {
-    return static_cast<float>(a * (1 - part) + b * part);
-  };
-  return QColor::fromRgbF(mix(ground.redF(), highlight.redF()),
-                          mix(ground.greenF(), highlight.greenF()),
-                          mix(ground.blueF(), highlight.blueF()));
-}
+constexpr double kRoundingRoom =
+    0.5;  // pixels that a width may come out more when it is asked again
 
 }  // namespace
 
 void ShrinkToFit(QFont& font, const QString& text, int width) {
-  while (QFontMetrics(font).horizontalAdvance(text) > width && font.pointSizeF() > kSmallestFont) {
+  while (QFontMetricsF(font).horizontalAdvance(text) > width && font.pointSizeF() > kSmallestFont) {
     font.setPointSizeF(font.pointSizeF() - 0.5);
   }
 }
@@ -51,8 +45,9 @@ void MonthCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   ShrinkToFit(font, text, room.width());
   painter->setFont(font);
   painter->setPen(palette.color(QPalette::Text));
-  painter->drawText(room, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter),
-                    painter->fontMetrics().elidedText(text, Qt::ElideRight, room.width()));
+  const QString shown =
+      QFontMetricsF(font).elidedText(text, Qt::ElideRight, room.width() + kRoundingRoom);
+  painter->drawText(room, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), shown);
   if (selected) {  // a line above and below leaves the colours of the hits to be seen
     painter->setPen(palette.color(QPalette::Highlight));
     painter->drawLine(option.rect.topLeft(), option.rect.topRight());

@@ -43,10 +43,11 @@ bool IsWhole(const QNetworkReply& reply, const QByteArray& body) {
 }
 
 LoadedDocument DocumentOf(QNetworkReply& reply) {
-  LoadedDocument document{.address = reply.url(),
-                          .body = reply.readAll(),
-                          .type = reply.header(QNetworkRequest::ContentTypeHeader).toString(),
-                          .problem = ""};
+  LoadedDocument document{
+      .address = reply.url(),
+      .body = reply.readAll(),
+      .type = reply.header(QNetworkRequest::ContentTypeHeader).toString().toLower(),
+      .problem = ""};
   if (reply.property("tooLong").toBool()) {
     document.problem = PageLoader::tr("It is longer than 16 MiB.");
   } else if (!IsWhole(reply, document.body)) {

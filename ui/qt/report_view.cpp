@@ -79,6 +79,9 @@ void ReportView::TakeRow(int row) {
 
 QString ReportView::CopiedText() const {
   QModelIndexList rows = selectionModel()->selectedRows();
+  if (rows.isEmpty() && currentIndex().isValid()) {
+    rows = {currentIndex()};
+  }
   std::sort(rows.begin(), rows.end());
   QString text;
   for (const QModelIndex& row : rows) {

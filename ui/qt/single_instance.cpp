@@ -3,14 +3,17 @@
 #include <unistd.h>
 
 #include <QCryptographicHash>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QLocalSocket>
 #include <QStandardPaths>
+#include <QThread>
 
 namespace tallyo {
 namespace {
 
 constexpr int kPatienceMilliseconds = 2000;
+constexpr int kPauseMilliseconds = 50;
 constexpr int kHashDigits = 24;
 
 // The same for every way to write the folder, another for every person.
@@ -47,6 +50,12 @@ SingleInstance::SingleInstance(const std::filesystem::path& appDir) {
 bool SingleInstance::RaiseRunning(const std::filesystem::path& appDir) {
   QLocalSocket socket;
   socket.connectToServer(ServerName(appDir));
+  // A first program that has only just begun does not listen yet.
+  const QDeadlineTimer patience(kPatienceMilliseconds);
+  while (socket.state() != QLocalSocket::ConnectedState && !patience.hasExpired()) {
+    QThread::msleep(kPauseMilliseconds);
+    socket.connectToServer(ServerName(appDir));
+  }
   // The first program ends the connection when it has seen it.
   return socket.waitForConnected(kPatienceMilliseconds) &&
          (socket.state() == QLocalSocket::UnconnectedState ||

@@ -26,6 +26,7 @@ WebPagePanel::WebPagePanel(ControlBinding& binding, const OwnDocuments& document
   WebViewer& control = binding.Form().WB1;
   viewer_->setObjectName("WB1");
   viewer_->setAccessibleName(tr("Web page"));
+  place_->setBuddy(viewer_);
   viewer_->OnMoved = [this] { ShowPlace(); };
   binding.View().Follow(control, [this, &control] {
     if (!control.Address().empty()) {

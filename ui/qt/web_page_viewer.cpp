@@ -4,16 +4,21 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QImageReader>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringDecoder>
 #include <QTextDocument>
+#include <algorithm>
 
 #include "ui/qt/shown_string.h"
 
 namespace tallyo {
 namespace {
 
-constexpr std::size_t kMostPictures = 64;   // on one page
-constexpr qint64 kMostPixels = 16'000'000;  // in one picture
+constexpr std::size_t kMostPictures = 64;                // on one page
+constexpr qint64 kMostPixels = 32'000'000;               // in all of them
+constexpr qsizetype kMostBytes = qsizetype{256} << 10U;  // of a page that is laid out at once
+constexpr int kDeepest = 200;                            // elements of it within each other
 constexpr std::size_t kMostEarlierPages = 50;
 
 QString TextOf(const LoadedDocument& document) {
@@ -26,6 +31,26 @@ QString TextOf(const LoadedDocument& document) {
     decoder = QStringDecoder::decoderForHtml(document.body);
   }
   return decoder.decode(document.body);
+}
+
+qint64 PixelsOf(const QSize& size) { return qint64{size.width()} * size.height(); }
+
+// How many elements stand within each other at most, those that need no end tag left out. Laying
+// out takes the longer the deeper they are, far beyond what the length of the page says.
+int DepthOf(const QString& html) {
+  static const QRegularExpression tag("<(/?)([a-zA-Z][a-zA-Z0-9]*)");
+  static const QSet<QString> endless = {"p",  "li",  "td", "th",   "tr",   "dd",    "dt",
+                                        "br", "img", "hr", "meta", "link", "input", "col"};
+  int depth = 0;
+  int deepest = 0;
+  for (QRegularExpressionMatchIterator tags = tag.globalMatch(html); tags.hasNext();) {
+    const QRegularExpressionMatch found = tags.next();
+    if (!endless.contains(found.captured(2).toLower())) {
+      depth = std::max(0, depth + (found.captured(1).isEmpty() ? 1 : -1));
+      deepest = std::max(deepest, depth);
+    }
+  }
+  return deepest;
 }
 
 bool IsPage(const QString& type) {
@@ -61,8 +86,7 @@ void WebPageViewer::Open(const std::string& address) {
 
 void WebPageViewer::Go(const QUrl& address) {
   loader_.Stop();
-  pictures_.clear();
-  address_ = address;
+  target_ = address;
   loading_ = true;
   if (earlier_.empty() || earlier_.back() != address) {
     earlier_.push_back(address);
@@ -87,10 +111,16 @@ void WebPageViewer::GoBack() {
 void WebPageViewer::ShowDocument(const LoadedDocument& found) {
   loading_ = false;
   address_ = found.address;
+  target_ = found.address;
+  document()->clear();  // with the pictures that it was given
+  pictures_.clear();
+  pixelsLeft_ = kMostPixels;
   if (!found.Loaded()) {
     ShowProblem(found.address, found.problem);
+  } else if (found.body.size() > kMostBytes) {
+    ShowProblem(found.address, TooMuch());
   } else if (IsPage(found.type)) {
-    setHtml(TextOf(found));
+    ShowPage(found.address, TextOf(found));
   } else if (found.type.startsWith("text/")) {
     setPlainText(TextOf(found));
   } else {
@@ -103,6 +133,16 @@ void WebPageViewer::ShowDocument(const LoadedDocument& found) {
     OnMoved();
   }
 }
+
+void WebPageViewer::ShowPage(const QUrl& address, const QString& html) {
+  if (DepthOf(html) > kDeepest) {
+    ShowProblem(address, TooMuch());
+  } else {
+    setHtml(html);
+  }
+}
+
+QString WebPageViewer::TooMuch() { return tr("It is too long or too intricate to be shown here."); }
 
 void WebPageViewer::ShowProblem(const QUrl& address, const QString& why) {
   const QString shown = address.isLocalFile() ? address.toLocalFile() : address.toString();
@@ -163,12 +203,13 @@ void WebPageViewer::ShowPicture(const QByteArray& content, const QUrl& name) {
   QBuffer buffer;
   buffer.setData(content);
   QImageReader reader(&buffer);
-  const QSize size = reader.size();
-  if (qint64{size.width()} * size.height() > kMostPixels) {
+  if (PixelsOf(reader.size()) > pixelsLeft_) {
     return;
   }
   const QImage picture = reader.read();
-  if (!picture.isNull()) {
+  const qint64 pixels = PixelsOf(picture.size());
+  if (pixels > 0 && pixels <= pixelsLeft_) {
+    pixelsLeft_ -= pixels;
     pictures_[name] = picture;
     document()->addResource(QTextDocument::ImageResource, name, picture);
     document()->markContentsDirty(0, document()->characterCount());

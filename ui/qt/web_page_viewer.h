@@ -30,7 +30,8 @@ class WebPageViewer : public QTextBrowser {
   void GoBack();
   [[nodiscard]] bool CanGoBack() const { return earlier_.size() > 1; }
 
-  [[nodiscard]] const QUrl& Address() const { return address_; }
+  // Of the page that is shown, or of the one that is loading.
+  [[nodiscard]] const QUrl& Address() const { return target_; }
   [[nodiscard]] bool IsLoading() const { return loading_; }
 
  protected:
@@ -40,16 +41,20 @@ class WebPageViewer : public QTextBrowser {
   void Go(const QUrl& address);
   void Follow(const QUrl& link);
   void ShowDocument(const LoadedDocument& found);
+  void ShowPage(const QUrl& address, const QString& html);
+  [[nodiscard]] static QString TooMuch();
   void ShowProblem(const QUrl& address, const QString& why);
   void FetchPicture(const QUrl& address, const QUrl& name);
   void ShowPicture(const QByteArray& content, const QUrl& name);
 
   OwnDocuments documents_;
   PageLoader loader_;
-  QUrl address_;
+  QUrl address_;  // of the page that is shown
+  QUrl target_;
   bool loading_ = false;
   std::vector<QUrl> earlier_;        // the pages gone to, the present one last
   std::map<QUrl, QImage> pictures_;  // of the present page; null while they are loading
+  qint64 pixelsLeft_ = 0;            // that its pictures may still have
 };
 
 }  // namespace tallyo

@@ -3,6 +3,7 @@
 #include <QMenu>
 #include <algorithm>
 
+#include "ui/qt/mixed_color.h"
 #include "ui/qt/shown_string.h"
 
 namespace tallyo {
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int kRoomBesideTitle = 40;       // pixels that the style takes around it
 constexpr qsizetype kLongestTitle = 1000;  // characters that are worth measuring
+constexpr double kTitlePart = 0.65;        // parts of the text colour in its own
 
 }  // namespace
 
@@ -61,10 +63,11 @@ void WindowMenus::AddTitle(MenuItem& title) {
   title_->setObjectName(Shown(title.Name()));
   title_->setEnabled(false);
   QPalette legible = palette();  // it cannot be used, but it is there to be read
+  const QColor quiet = Mixed(legible.color(QPalette::Active, QPalette::Window),
+                             legible.color(QPalette::Active, QPalette::WindowText), kTitlePart);
   for (const QPalette::ColorRole role :
        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
-    legible.setColor(QPalette::Disabled, role,
-                     legible.color(QPalette::Active, QPalette::PlaceholderText));
+    legible.setColor(QPalette::Disabled, role, quiet);
   }
   setPalette(legible);
   mirror_.Follow(title, [this] { FitTitle(); });

@@ -1,5 +1,7 @@
 #include "cli/command_line.h"
 
+#include <poll.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <ostream>
@@ -70,10 +72,20 @@ ConsoleOptions OptionsOf(const GlobalWords& words) {
   return options;
 }
 
-// A result that did not reach its reader (a full disk, a closed pipe) is no result.
-ExitStatus WithOutputWritten(Console& console, ExitStatus status) {
-  console.out.flush();
-  return console.out ? status : Refuse(console, "the result could not be written");
+// Whether whoever read the output has enough of it and went away, as `head` does.
+bool ReaderIsGone(const ConsoleHost& host) {
+  pollfd output{.fd = host.outDescriptor, .events = 0, .revents = 0};
+  return poll(&output, 1, 0) == 1 && (output.revents & (POLLERR | POLLHUP)) != 0;
+}
+
+// A result that did not reach its reader, because of a full disk, is no result.
+int WithOutputWritten(const ConsoleHost& host, ExitStatus status) {
+  host.out.flush();
+  if (!host.out && !ReaderIsGone(host)) {
+    host.err << "tallyo-cli: the result could not be written\n";
+    status = ExitStatus::Refused;
+  }
+  return static_cast<int>(status);
 }
 
 // What is wrong with the words. A command that does not exist is named; the parser would only miss
@@ -106,9 +118,10 @@ int RunCommandLine(const std::vector<std::string>& words, const ConsoleHost& hos
     std::vector<std::string> backwards(words.rbegin(), words.rend());  // as the parser wants them
     app.parse(backwards);
     Console console{host.clock, host.out, host.err, host.terminal, OptionsOf(globals)};
-    return static_cast<int>(WithOutputWritten(console, chosen(console)));
+    return WithOutputWritten(host, chosen(console));
   } catch (const CLI::Success& help) {  // --help or --version
-    return app.exit(help, host.out, host.err);
+    app.exit(help, host.out, host.err);
+    return WithOutputWritten(host, ExitStatus::Done);
   } catch (const CLI::ParseError& error) {
     return SayUsage(app, error, host);
   }

@@ -16,6 +16,7 @@ struct ConsoleHost {
   int terminal = -1;              // file descriptor that answers questions; -1: none
   std::string defaultAppDir;      // where --app-dir is not given
   std::string defaultServiceUrl;  // where --service-url is not given
+  int outDescriptor = -1;         // file descriptor behind `out`; -1: none
 };
 
 // Reads the words behind the program's name, runs the command, and returns its exit status.

@@ -1,5 +1,6 @@
 #include "cli/commands.h"
 
+#include <charconv>
 #include <memory>
 #include <optional>
 #include <string>
@@ -17,8 +18,22 @@ namespace tallyo {
 namespace {
 
 void AddCsv(CLI::App& app, CLI::App& command, bool& csv) {
-  command.add_flag("--csv", csv, "Print comma-separated values with a heading line")
-      ->excludes(app.get_option("--json"));
+  CLI::Option* json = app.get_option("--json");
+  CLI::Option* option =
+      command.add_flag("--csv", csv, "Print comma-separated values with a heading line");
+  option->excludes(json);
+  json->remove_excludes(option);  // its help would name every command's --csv
+}
+
+std::string WhyNoSeconds(const std::string& text) {
+  constexpr double kMost = 1e9;
+  double seconds = -1;
+  const char* const end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, seconds);
+  if (error == std::errc() && stop == end && seconds >= 0 && seconds <= kMost) {
+    return "";
+  }
+  return text + " is no number of seconds from 0 to 1000000000";
 }
 
 void AddAccount(CLI::App& app, ChosenCommand& chosen) {
@@ -75,7 +90,9 @@ void AddWatch(CLI::App& app, ChosenCommand& chosen) {
   auto seconds = std::make_shared<std::optional<double>>();
   CLI::App* watch =
       app.add_subcommand("watch", "Refresh whenever it is due, until interrupted (Ctrl+C)");
-  watch->add_option("--for", *seconds, "End after so many seconds")->check(CLI::Range(0.0, 1e9));
+  watch->add_option("--for", *seconds, "End after so many seconds")
+      ->type_name("SECONDS")
+      ->check(&WhyNoSeconds);
   Choose(watch, chosen, seconds, [](Console& console, const std::optional<double>& given) {
     return Watch(console, given);
   });

@@ -1,11 +1,24 @@
 #include "cli/link_submission.h"
 
+#include <algorithm>
+
 #include "cli/refusal_text.h"
 
 namespace tallyo {
 namespace {
 
-bool HasComma(const std::string& text) { return text.find(',') != std::string::npos; }
+bool HasComma(std::string_view text) { return text.find(',') != std::string_view::npos; }
+
+bool HasControl(std::string_view text) {
+  return std::ranges::any_of(text, [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return byte < 0x20 || byte == 0x7F;
+  });
+}
+
+bool AnyField(const NewLink& link, bool (*has)(std::string_view)) {
+  return has(link.path) || has(link.name) || has(link.sizeKb) || has(link.reference.value_or(""));
+}
 
 void FillFields(Program& program, const NewLink& link) {
   auto& fields = program.form.Text1;
@@ -47,9 +60,15 @@ std::string WhyNotAddable(const Program& program, const NewLink& link) {
   if (link.path.empty() || link.name.empty()) {
     return "path and name must not be empty";
   }
-  if (HasComma(link.path) || HasComma(link.name) || HasComma(link.sizeKb) ||
-      HasComma(link.reference.value_or(""))) {
+  if (AnyField(link, &HasComma)) {
     return "a link's path, name, reference and size must not hold a comma";
+  }
+  if (AnyField(link, &HasControl)) {
+    return "a link's path, name, reference and size must not hold a line break or another control "
+           "character";
+  }
+  if (link.name.find('=') != std::string::npos) {
+    return "a link's name must not hold a \"=\"";  // the counters are kept as "name=counter,"
   }
   const ComboBox& listed = program.form.Combo1;
   if (listed.Find(link.name) < listed.Count()) {

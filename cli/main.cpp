@@ -34,5 +34,6 @@ int main(int argc, char** argv) {
                                  .err = std::cerr,
                                  .terminal = person ? STDIN_FILENO : -1,
                                  .defaultAppDir = DefaultAppDir(),
-                                 .defaultServiceUrl = TALLYO_SERVICE_BASE_URL});
+                                 .defaultServiceUrl = TALLYO_SERVICE_BASE_URL,
+                                 .outDescriptor = STDOUT_FILENO});
 }

@@ -2,7 +2,6 @@
 
 #include <ostream>
 
-#include "cli/terminal_boxes.h"
 #include "platform/curl_transfer.h"
 #include "platform/process_lock.h"
 #include "platform/transport_failure.h"
@@ -68,11 +67,15 @@ ExitStatus SayRunning(Console& console) {
 ExitStatus RunChanging(Console& console, const std::function<ExitStatus(Program&)>& work,
                        const std::function<void(Program&)>& report) {
   return RunLasting(
-      console, [&](Program& program, SignalPump& /*pump*/) { return work(program); }, report);
+      console,
+      [&](Program& program, SignalPump& /*pump*/, TerminalBoxes& /*boxes*/) {
+        return work(program);
+      },
+      report);
 }
 
 ExitStatus RunLasting(Console& console,
-                      const std::function<ExitStatus(Program&, SignalPump&)>& work,
+                      const std::function<ExitStatus(Program&, SignalPump&, TerminalBoxes&)>& work,
                       const std::function<void(Program&)>& report) {
   const ProcessLock lock(console.options.appDir);
   if (lock.Result() == ProcessLock::Outcome::HeldByAnother) {
@@ -97,7 +100,7 @@ ExitStatus RunLasting(Console& console,
   program.Dispatch([&] { program.StartProgram(); });
   program.Dispatch([&] {
     status = ExitStatus::Refused;  // stands where the work fails on its way
-    status = work(program, pump);
+    status = work(program, pump, boxes);
   });
   if (program.Ended()) {
     status = ExitStatus::Done;

@@ -5,6 +5,7 @@
 #include "app/program.h"
 #include "cli/console_options.h"
 #include "cli/signal_pump.h"
+#include "cli/terminal_boxes.h"
 #include "platform/posix_files.h"
 #include "settings/sqlite_store.h"
 
@@ -19,7 +20,7 @@ ExitStatus RunChanging(Console& console, const std::function<ExitStatus(Program&
 
 // The same for work that waits for events itself.
 ExitStatus RunLasting(Console& console,
-                      const std::function<ExitStatus(Program&, SignalPump&)>& work,
+                      const std::function<ExitStatus(Program&, SignalPump&, TerminalBoxes&)>& work,
                       const std::function<void(Program&)>& report);
 
 // A command that only reads: no lock is needed, and nothing is written anywhere.

@@ -4,6 +4,7 @@
 
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "cli/safe_text.h"
 #include "settings/names.h"
@@ -20,17 +21,33 @@ const char* Kind(const MessageBox& box) {
 
 }  // namespace
 
+void TerminalBoxes::BeginRound() {
+  inRounds_ = true;
+  shownBefore_ = std::exchange(shown_, {});
+}
+
 BoxAnswer TerminalBoxes::Ask(const MessageBox& box) {
-  const std::string title = box.title.empty() ? std::string(names::AppTitle) : box.title;
-  console_.err << '[' << Kind(box) << "] " << OneLine(title) << ": " << SeveralLines(box.text)
-               << '\n';
   if (box.buttons == BoxButtons::Ok) {
+    if (!SaidLately(box)) {
+      Say(box);
+    }
     return BoxAnswer::Ok;
   }
+  Say(box);
   if (console_.options.answer) {
     return *console_.options.answer;
   }
   return console_.terminal >= 0 ? AskTerminal() : BoxAnswer::No;
+}
+
+bool TerminalBoxes::SaidLately(const MessageBox& box) {
+  return inRounds_ && (!shown_.insert(box.text).second || shownBefore_.contains(box.text));
+}
+
+void TerminalBoxes::Say(const MessageBox& box) {
+  const std::string title = box.title.empty() ? std::string(names::AppTitle) : box.title;
+  console_.err << '[' << Kind(box) << "] " << OneLine(title) << ": " << SeveralLines(box.text)
+               << '\n';
 }
 
 BoxAnswer TerminalBoxes::AskTerminal() {

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <set>
+#include <string>
+
 #include "cli/console_options.h"
 #include "cli/signal_pump.h"
 #include "platform/message_boxes.h"
@@ -13,14 +16,23 @@ class TerminalBoxes final : public MessageBoxes {
   TerminalBoxes(const Console& console, SignalPump& pump)
       : MessageBoxes(pump), console_(console), pump_(pump) {}
 
+  // Begins a round of what is done over and over. From the first round on, a box that asks nothing
+  // is not said again in the same round, nor in the one behind a round that showed it.
+  void BeginRound();
+
  protected:
   BoxAnswer Ask(const MessageBox& box) override;
 
  private:
+  [[nodiscard]] bool SaidLately(const MessageBox& box);
+  void Say(const MessageBox& box);
   [[nodiscard]] BoxAnswer AskTerminal();
 
   const Console& console_;
   SignalPump& pump_;
+  bool inRounds_ = false;
+  std::set<std::string> shown_;  // the texts of this round, and of the one before
+  std::set<std::string> shownBefore_;
 };
 
 }  // namespace tallyo

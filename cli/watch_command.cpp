@@ -50,11 +50,11 @@ class Reporter {
   // the next is due.
   void TellTick(const Program& program) {
     const ReportList& details = program.form.ListView3;
-    if (details.Value(detail::kSlotsLeft, 1).empty()) {
+    const std::string nextCheck = details.Value(detail::kNextCheck, 1);
+    if (details.Value(detail::kSlotsLeft, 1).empty() || nextCheck.empty()) {
       Complain(WhyAccountRefused(program));
     } else if (!spoken_ && !console_.options.json) {
-      console_.out << program.form.Label8.Caption()
-                   << "; next check: " << details.Value(detail::kNextCheck, 1) << std::endl;
+      console_.out << program.form.Label8.Caption() << "; next check: " << nextCheck << std::endl;
     }
     spoken_ = true;
   }
@@ -78,7 +78,7 @@ ExitStatus Watch(Console& console, std::optional<double> seconds) {
   Reporter reporter(console);
   return RunLasting(
       console,
-      [&](Program& program, SignalPump& pump) {
+      [&](Program& program, SignalPump& pump, TerminalBoxes& boxes) {
         const Deadline deadline = In(seconds);
         program.refresh.OnFinished = [&](RefreshOutcome outcome) {
           reporter.TellRefresh(program, outcome);
@@ -88,6 +88,7 @@ ExitStatus Watch(Console& console, std::optional<double> seconds) {
           reporter.Complain(WhyNotRefreshed(program, RefreshOutcome::NoLinks));
         }
         while (!Over(deadline)) {
+          boxes.BeginRound();
           if (program.Dispatch([&] { program.form.Timer1.Tick(); }) && hasLinks) {
             reporter.TellTick(program);
           }

@@ -33,19 +33,21 @@ std::size_t Width(const std::string& text) {
   }));
 }
 
-void PrintTable(const std::vector<Row>& rows, std::ostream& out) {
+std::string TableText(const std::vector<Row>& rows) {
   std::array<std::size_t, std::tuple_size_v<Row>> widths{};
   for (const Row& row : rows) {
     for (std::size_t i = 0; i < row.size(); ++i)
       widths.at(i) = std::max(widths.at(i), Width(row.at(i)));
   }
+  std::string text;
   for (const Row& row : rows) {
     std::string line;
     for (std::size_t i = 0; i < row.size(); ++i) {
       line += row.at(i) + std::string(widths.at(i) - Width(row.at(i)) + 2, ' ');
     }
-    out << line.substr(0, line.find_last_not_of(' ') + 1) << '\n';
+    text += line.substr(0, line.find_last_not_of(' ') + 1) + '\n';
   }
+  return text;
 }
 
 // A client takes a record that holds "404" anywhere for a missing account.
@@ -67,12 +69,11 @@ int Run(const std::filesystem::path& file, const AddAccount& command, std::ostre
   return 0;
 }
 
-int Run(const std::filesystem::path& file, const ListAccounts& /*command*/, std::ostream& out) {
+std::string AccountTable(const std::filesystem::path& file) {
   Database database = OpenDatabase(file, Database::WhenMissing::Fail);
   std::vector<Row> rows{{"account", "company", "links", "max", "opened", "good through", "banned"}};
   for (const ListedAccount& account : AccountStore(database).List()) rows.push_back(RowOf(account));
-  PrintTable(rows, out);
-  return 0;
+  return TableText(rows);
 }
 
 int Run(const std::filesystem::path& file, const SetAccount& command, std::ostream& err) {

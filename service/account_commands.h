@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <ostream>
+#include <string>
 
 #include "service/commands.h"
 
@@ -11,9 +12,10 @@ namespace tallyo::service {
 // 1 refused, with the reason on `err`. Throws DatabaseError.
 [[nodiscard]] int Run(const std::filesystem::path& database, const AddAccount& command,
                       std::ostream& err);
-[[nodiscard]] int Run(const std::filesystem::path& database, const ListAccounts& command,
-                      std::ostream& out);
 [[nodiscard]] int Run(const std::filesystem::path& database, const SetAccount& command,
                       std::ostream& err);
+
+// All accounts, a line for each under a heading. Throws DatabaseError.
+[[nodiscard]] std::string AccountTable(const std::filesystem::path& database);
 
 }  // namespace tallyo::service

@@ -40,15 +40,15 @@ CLI::Validator Checked(std::string (*why)(std::string_view)) {
 }
 
 std::string WhyDateIsRefused(std::string_view text) {
-  return IsRealDate(text) ? "" : "is no real date of the form mm/dd/yyyy: " + std::string(text);
+  return IsRealDate(text) ? "" : std::string(text) + " is no real date of the form mm/dd/yyyy";
 }
 
 std::string WhyListenIsRefused(std::string_view text) {
-  return ListenAddress::Parse(text) ? "" : "is no ADDRESS:PORT: " + std::string(text);
+  return ListenAddress::Parse(text) ? "" : std::string(text) + " is no ADDRESS:PORT";
 }
 
 std::string WhyNetworkIsRefused(std::string_view text) {
-  return Network::Parse(text) ? "" : "is no network: " + std::string(text);
+  return Network::Parse(text) ? "" : std::string(text) + " is no network";
 }
 
 void AddTerms(CLI::App& command, Given& given, bool required) {

@@ -6,6 +6,8 @@ namespace tallyo::service {
 
 namespace {
 
+constexpr const char* kHtml = "text/html; charset=utf-8";
+
 constexpr std::string_view kFront = R"(
 <p>This server counts hits for Tallyo. A publisher registers links here; whoever follows a counting
 link is counted and sent on to the file or page behind it.</p>
@@ -42,9 +44,8 @@ asks for the headers only, is not counted, and neither is the resuming of a brok
 <h2>When something does not work</h2>
 <ul>
 <li><b>Account not found</b>: the account's name is compared letter by letter. Check capitals and
-blanks.</li>
-<li><b>Everything of the account is refused</b>: Tallyo runs on a computer whose address the server
-does not know. Ask its keeper to allow it.</li>
+blanks. If they are right, Tallyo runs on a computer whose address the server does not know: ask its
+keeper to allow it.</li>
 <li><b>Entry already existed</b>: the account has a link with this reference; choose another.</li>
 <li><b>Link already existed</b>: the account counts this address already, under another
 reference.</li>
@@ -78,7 +79,20 @@ Answer HtmlAnswer(unsigned status, std::string_view title, std::string_view cont
   body += "</h1>";
   body += content;
   body += "</body>\n</html>\n";
-  return {status, "text/html; charset=utf-8", std::move(body)};
+  return {status, kHtml, std::move(body)};
+}
+
+// The page of a request that is not answered. A client takes any text with a "=" for an account's
+// record, whatever the status says: there is none in here, so no element has attributes.
+Answer RefusalAnswer(unsigned status, std::string_view title, std::string_view why) {
+  std::string body = "<!DOCTYPE html>\n<title>";
+  body += title;
+  body += "</title>\n<h1>";
+  body += title;
+  body += "</h1>\n<p>";
+  body += why;
+  body += "</p>\n";
+  return {status, kHtml, std::move(body)};
 }
 
 }  // namespace
@@ -98,26 +112,25 @@ Answer PageAnswer(Page page) {
 }
 
 Answer NotFoundAnswer() {
-  return HtmlAnswer(404, "404 Not Found", "\n<p>There is nothing under this address.</p>\n");
+  return RefusalAnswer(404, "404 Not Found", "There is nothing under this address.");
 }
 
-Answer BadRequestAnswer() {
-  return HtmlAnswer(400, "Bad Request", "\n<p>This is no address.</p>\n");
-}
+Answer BadRequestAnswer() { return RefusalAnswer(400, "Bad Request", "This is no address."); }
 
 Answer ForbiddenAnswer() {
-  return HtmlAnswer(403, "Forbidden",
-                    "\n<p>Accounts cannot be managed from where you are. The people who run this "
-                    "server can allow your address.</p>\n");
+  return RefusalAnswer(
+      403, "Forbidden",
+      "Accounts cannot be managed from where you are, and none is found from there "
+      "(404). The people who run this server can allow your address.");
 }
 
 Answer MethodNotAllowedAnswer() {
-  return HtmlAnswer(405, "Method Not Allowed", "\n<p>This address is only to be read.</p>\n");
+  return RefusalAnswer(405, "Method Not Allowed", "This address is only to be read.");
 }
 
 Answer UnavailableAnswer() {
-  return HtmlAnswer(503, "Service Unavailable",
-                    "\n<p>The server cannot answer this now. Try again soon.</p>\n");
+  return RefusalAnswer(503, "Service Unavailable",
+                       "The server cannot answer this now. Try again soon.");
 }
 
 }  // namespace tallyo::service

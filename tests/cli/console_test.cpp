@@ -1,11 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <pthread.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
+#include <sstream>
 #include <thread>
 
+#include "platform/file_descriptor.h"
 #include "platform/process_lock.h"
 #include "tests/cli/console_runner.h"
 
@@ -63,8 +66,9 @@ TEST_F(Console, RefusesWrongCommandLinesWithTwo) {
       {{"--json", "daily", "--all", "--csv"}, "--csv"},
       {{"status", "--csv", "--json"}, "--csv"},
       {{"config", "import", "Acme"}, "ACCOUNT is required"},
-      {{"watch", "--for", "soon"}, "--for"},
-      {{"watch", "--for", "-1"}, "--for"},
+      {{"watch", "--for", "soon"}, "soon is no number of seconds"},
+      {{"watch", "--for", "-1"}, "-1 is no number of seconds"},
+      {{"watch", "--for", "nan"}, "nan is no number of seconds"},
       {{"settings", "set", "a", "1x", "--type", "dword"}, "1x is no 32-bit number"},
       {{"settings", "set", "a", "4294967296", "--type", "dword"}, "no 32-bit number"},
       {{"--answer", "perhaps", "status"}, "perhaps not in"},
@@ -206,12 +210,26 @@ TEST_F(Console, EndsWithEverythingSavedWhenASignalComesDuringAFetch) {
   EXPECT_EQ(c.Setting("PrevCheck"), "06-15-2026 43200");
 }
 
-TEST_F(Console, WatchesUntilItsTimeIsOver) {
-  c.MonitorLinks({"a"});
-  c.GiveCounters("<P>4 a.zip\n");
-  EXPECT_EQ(c.Run({"watch", "--for", "0.1"}), 0);
-  EXPECT_THAT(c.out, HasSubstr("12:00:00\nName"));
-  EXPECT_EQ(c.File("Data/LastRead.dat"), "a=4,\r\n");
+TEST_F(Console, FailsWhereItsResultCannotBeWrittenUnlessTheReaderIsGone) {
+  int ends[2] = {};
+  ASSERT_EQ(pipe(ends), 0);
+  const FileDescriptor writing(ends[1]);
+  close(ends[0]);
+  for (const char* const word : {"status", "--help"}) {
+    for (const int descriptor : {-1, writing.Number()}) {
+      std::ostringstream out;
+      std::ostringstream err;
+      out.setstate(std::ios::badbit);
+      const int status = RunCommandLine({word}, {.clock = c.clock,
+                                                 .out = out,
+                                                 .err = err,
+                                                 .defaultAppDir = c.folder.Path().string(),
+                                                 .defaultServiceUrl = c.server.Url(),
+                                                 .outDescriptor = descriptor});
+      EXPECT_EQ(status, descriptor < 0 ? 1 : 0) << word;
+      EXPECT_EQ(err.str(), descriptor < 0 ? "tallyo-cli: the result could not be written\n" : "");
+    }
+  }
 }
 
 }  // namespace

@@ -52,12 +52,12 @@ TEST(Csv, HoldsTheCurrentStatus) {
   EXPECT_EQ(c.out, "name,counter,change,path\n");
   c.SaveAccount();
   ASSERT_EQ(c.AddLink("a.zip", "say \"hi\""), 0);
-  ASSERT_EQ(c.AddLink("b.zip", "caf\xE9\x1b[31m"), 0);
+  ASSERT_EQ(c.AddLink("b.zip", "caf\xE9"), 0);
   c.Refresh("<P>15 a.zip\n<P>7 b.zip\n");
   EXPECT_EQ(c.Run({"status", "--csv"}), 0);
   EXPECT_EQ(c.out,
             "name,counter,change,path\n\"say \"\"hi\"\"\",15,,http://files/a.zip\n"
-            "caf\xC3\xA9\x1b[31m,7,,http://files/b.zip\n");
+            "caf\xC3\xA9,7,,http://files/b.zip\n");
 }
 
 }  // namespace

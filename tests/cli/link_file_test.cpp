@@ -75,6 +75,9 @@ TEST_F(LinkFile, GoesOnBehindALineThatFails) {
   c.server.Answer(add + "&fryname=link", "<P>L Exists\n");
   c.server.AnswerRaw(add + "&fryname=silent", "", Then::Close);
   const std::string comma = ":a link's path, name, reference and size must not hold a comma";
+  const std::string control =
+      ":a link's path, name, reference and size must not hold a line break or another control "
+      "character";
   const std::vector<std::pair<std::string, std::string>> lines = {
       {"http://files/a.zip,a", "a:added"},
       {"only", kWrongLine},
@@ -88,11 +91,14 @@ TEST_F(LinkFile, GoesOnBehindALineThatFails) {
       {"http://files/b,\"b,c\"", "b,c" + comma},
       {"http://files/b,b,\"b,c\"", "b" + comma},
       {"http://files/b,b,,\"1,5\"", "b" + comma},
+      {"http://files/\x01,b", "b" + control},
+      {"http://files/b,b,b\t", "b" + control},
+      {"http://files/b,b=c", "b=c:a link's name must not hold a \"=\""},
       {"http://files/b,a", "a:a link named a is monitored already"},
       {"http://files/refused,r", "r:the service refused; nothing was changed"},
       {"http://files/entry,f", "f:the service has this reference already; nothing was changed"},
       {"http://files/link,l", "l:the service has this link already; nothing was changed"},
-      {"http://files/z.zip,z", "z:added"},
+      {"http://files/z?z=1,z", "z:added"},
       {"path,name", "name:added"},
   };
   std::string text;
@@ -104,10 +110,9 @@ TEST_F(LinkFile, GoesOnBehindALineThatFails) {
   EXPECT_EQ(Add(text), told);
   EXPECT_EQ(c.status, 1);
   EXPECT_THAT(Records(), ElementsAre("01,,a,a.zip,http://files/a.zip",
-                                     "02,,z,z.zip,http://files/z.zip", "03,,name,,path"));
-  EXPECT_THAT(Add("http://files/silent,s\nhttp://files/bad\x01,s\nhttp://files/y,y\n"),
-              ElementsAre(HasSubstr("; nothing was changed"), HasSubstr("; nothing was changed"),
-                          "3:y:added"));
+                                     "02,,z,z?z=1,http://files/z?z=1", "03,,name,,path"));
+  EXPECT_THAT(Add("http://files/silent,s\nhttp://files/y,y\n"),
+              ElementsAre(HasSubstr("; nothing was changed"), "2:y:added"));
 }
 
 TEST_F(LinkFile, SaysOfEveryLineThatTheAccountDoesNotAllowIt) {

@@ -74,12 +74,21 @@ TEST_F(RunProgramTest, EndsWithTwoAfterWrongUsageAndSaysWhatIsWrong) {
            {adding("x", "A\nB", "3", "01/01/2030"), "control byte"},
            {adding("x", "A", "32768", "01/01/2030"), "--max"},
            {adding("x", "A", "3", "02/29/2027"), "--exp"},
-           {adding("x", "A", "3", "1/1/2030"), "--exp"},
+           {adding("x", "A", "3", "1/1/2030"), "--exp: 1/1/2030 is no real date"},
            {{"serve", "--listen", "::1:80"}, "--listen"},
            {{"serve", "--manage-from", "10.0.0.0/33"}, "--manage-from"}}) {
     EXPECT_EQ(Run(words), 2) << why;
     EXPECT_THAT(err_.str(), HasSubstr(why));
     EXPECT_EQ(out_.str(), "");
+  }
+}
+
+TEST_F(RunProgramTest, FailsWhereItsResultCannotBeWritten) {
+  ASSERT_EQ(AddAcme(), 0);
+  out_.setstate(std::ios::badbit);
+  for (const auto& words : {std::vector<std::string>{"account", "list"}, {"--version"}}) {
+    EXPECT_EQ(Run(words), 1);
+    EXPECT_THAT(err_.str(), HasSubstr("could not be written"));
   }
 }
 

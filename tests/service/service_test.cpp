@@ -169,6 +169,7 @@ TEST_F(ServiceTest, AnswersEverythingElseWithAPage) {
     EXPECT_EQ(reply.status, 404) << target;
     EXPECT_NE(reply.body.find("404"), std::string::npos) << target;
     EXPECT_EQ(reply.body.find("<P>"), std::string::npos) << target;
+    EXPECT_EQ(reply.body.find('='), std::string::npos) << target;
   }
   for (const std::string target :
        {"/", "/Tallyo/signupinfo.html", "http://host:8080/Tallyo/support.html", "HTTP://host",
@@ -185,8 +186,8 @@ TEST_F(ServiceTest, LetsOnlyAllowedAddressesManage) {
   Start(AllowedNetworks({*Network::Parse("10.0.0.0/8")}));
   const Reply refused = Get(record, "X-Forwarded-For: 10.0.0.1\r\n");
   EXPECT_EQ(refused.status, 403);
-  EXPECT_EQ(refused.body.find("404"), std::string::npos)
-      << "the client would take it for no account";
+  EXPECT_NE(refused.body.find("404"), std::string::npos) << "the client has no account here";
+  EXPECT_EQ(refused.body.find('='), std::string::npos) << "the client would take it for a record";
   EXPECT_EQ(Get("/Tallyo/support.html").status, 200);
   Start();
   EXPECT_EQ(Get(record, "Sec-Fetch-Site: cross-site\r\n").status, 403) << "a page's request";
@@ -213,6 +214,7 @@ TEST_F(ServiceTest, OnlyReadsAndKeepsAConnectionForSeveralRequests) {
        {Follow("acme", "r", "Content-Length: 0\r\n", "POST"),
         Get(kScript + std::string("acmef.txt&action=del&fryname=r&link=x"), "", "HEAD")}) {
     EXPECT_EQ(reply.status, 405);
+    EXPECT_EQ(reply.body.find('='), std::string::npos);
     EXPECT_NE(reply.head.find("\r\nAllow: GET, HEAD\r\n"), std::string::npos);
   }
   const std::string visit =

@@ -4,6 +4,10 @@
 include(GNUInstallDirs)
 set(TALLYO_INSTALLED_APP_DIR "/var/lib/tallyo" CACHE PATH
     "Folder of Tallyo's data where the programs are installed")
+set(TALLYO_HOMEPAGE "https://tallyo.example/" CACHE STRING
+    "Where Tallyo's makers publish it, with a trailing /: for the packages and the metainfo")
+set(TALLYO_CONTACT "authors@tallyo.example" CACHE STRING
+    "Mail address of Tallyo's makers: for the packages and the metainfo")
 set(packaging "${PROJECT_SOURCE_DIR}/packaging")
 set(made "${PROJECT_BINARY_DIR}/packaging")
 set(share "${CMAKE_INSTALL_DATADIR}")
@@ -22,7 +26,7 @@ string(TIMESTAMP TODAY "%Y-%m-%d" UTC)
 string(TIMESTAMP CHANGED "%a, %d %b %Y %H:%M:%S +0000" UTC)
 set(VERSION "${PROJECT_VERSION}")
 set(APP_DIR "${TALLYO_INSTALLED_APP_DIR}")
-set(MAINTAINER "The Tallyo authors <authors@tallyo.example>")
+set(MAINTAINER "The Tallyo authors <${TALLYO_CONTACT}>")
 
 # tallyo_installed(PROGRAM LIBRARY MAIN): PROGRAM once more, built for its place in the system.
 function(tallyo_installed program library main)
@@ -82,7 +86,8 @@ foreach(component tallyo tallyo-service)
   configure_file("${packaging}/debian/changelog.in" "${made}/changelog" @ONLY)
   tallyo_compressed("${PROJECT_SOURCE_DIR}/CHANGELOG.md" ${component} "${doc}" changelog)
   tallyo_compressed("${made}/changelog" ${component} "${doc}" changelog.Debian)
-  install(FILES "${packaging}/debian/copyright" "${packaging}/debian/${component}/README.Debian"
+  configure_file("${packaging}/debian/copyright.in" "${made}/copyright" @ONLY)
+  install(FILES "${made}/copyright" "${packaging}/debian/${component}/README.Debian"
           DESTINATION "${doc}" COMPONENT ${component})
   install(FILES "${packaging}/debian/${component}/lintian-overrides" RENAME ${component}
           DESTINATION "${share}/lintian/overrides" COMPONENT ${component})
@@ -97,6 +102,11 @@ install(FILES LICENSE packaging/portable/README.txt DESTINATION . COMPONENT port
 install(TARGETS tallyo-service RUNTIME COMPONENT tallyo-service)
 tallyo_program_documents(tallyo-service 8 tallyo-service)
 install(FILES docs/self-hosting.md DESTINATION "${share}/doc/tallyo-service"
+        COMPONENT tallyo-service)
+install(CODE "
+set(made \"${made}\")
+set(CMAKE_INSTALL_BINDIR \"${CMAKE_INSTALL_BINDIR}\")
+set(CMAKE_INSTALL_SYSCONFDIR \"${CMAKE_INSTALL_SYSCONFDIR}\")"
         COMPONENT tallyo-service)
 install(SCRIPT cmake/install_service.cmake COMPONENT tallyo-service)
 

@@ -17,6 +17,7 @@ end
 
 expect 'tallyo-cli --app-dir /a\ b links remove ' 'It\'s "$HOME" *\n' 'My Manual'
 expect 'tallyo-cli --app-dir /a\ b daily M' 'My Manual'
+expect 'tallyo-cli --app-dir=/a\ b daily M' 'My Manual'
 expect 'tallyo-cli links ' add list remove scan
 expect 'tallyo-cli links add --na' --name
 expect 'tallyo-cli status --na'

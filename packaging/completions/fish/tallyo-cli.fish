@@ -32,6 +32,8 @@ function __tallyo_cli_names
     set -l folder
     if set -l at (contains -i -- --app-dir $words)
         set folder --app-dir $words[(math $at + 1)]
+    else if set -l at (string match -- '--app-dir=*' $words)
+        set folder --app-dir (string replace -- '--app-dir=' '' $at[-1])
     end
     tallyo-cli $folder --json links list 2>/dev/null </dev/null |
         sed -n 's/^ *"name": "\(.*\)",\{0,1\}$/\1/p' | sed 's/\\\\\(["\\\\/]\)/\1/g'

@@ -148,7 +148,8 @@ void Program::Quit() {
   machine_.pump.End();  // first, so that nothing that runs below can quit again
   importQueue.End();
   requests.CancelTransfers();
-  if (countersLoaded_) {
+  // Without the list of links there are no rows, and the last counters stay for when it is back.
+  if (countersLoaded_ && machine_.store.Readable()) {
     Survives([&] { snapshot.SaveSnapshot(); });
   }
   Survives([&] { scheduler.SaveLastCheckTime(); });

@@ -65,6 +65,9 @@ class SettingsStore {
   // path stands for the whole hive.
   [[nodiscard]] virtual std::vector<StoredValue> ReadTree(Hive hive, std::string_view keyPath) = 0;
 
+  // False where there is a store that cannot be opened: that nothing is found then says nothing.
+  [[nodiscard]] virtual bool Readable() const { return true; }
+
   [[nodiscard]] virtual StoreStamp Stamp() = 0;
 
   // A stamp that may also stay equal where only keys outside of keyPath, and above it, have

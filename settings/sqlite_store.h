@@ -46,6 +46,7 @@ class SqliteStore final : public SettingsStore {
   void DeleteKey(Hive hive, std::string_view keyPath) override;
   void DeleteValue(Hive hive, std::string_view keyPath, std::string_view valueName) override;
   [[nodiscard]] std::vector<StoredValue> ReadTree(Hive hive, std::string_view keyPath) override;
+  [[nodiscard]] bool Readable() const override { return queries_ != nullptr || problem_.empty(); }
   [[nodiscard]] StoreStamp Stamp() override;
   [[nodiscard]] StoreStamp StampBelow(Hive hive, std::string_view keyPath) override;
   void AsOneChange(const std::function<void()>& work) override;

@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <sstream>
 #include <thread>
 
@@ -185,12 +186,15 @@ TEST_F(Console, StoresNumbersAndShowsForeignBytesWithoutLettingThemActOnTheTermi
 
 TEST_F(Console, GoesOnWithAStoreThatCannotBeOpened) {
   std::filesystem::create_directories(c.folder.Path() / "settings.db");
+  std::filesystem::create_directories(c.folder.Path() / "Data");
+  std::ofstream(c.folder.Path() / "Data" / "LastRead.dat") << "a=4,\r\n";
   EXPECT_EQ(c.Run({"refresh"}), 1);
   EXPECT_THAT(c.err, HasSubstr("settings store"));
   EXPECT_EQ(std::count(c.err.begin(), c.err.end(), '\n'), 2);  // that, and why no refresh
   EXPECT_EQ(c.Run({"account", "save", "Acme", "mysite"}), 1);
   EXPECT_THAT(c.err, HasSubstr("could not be stored"));
   EXPECT_EQ(c.Run({"status"}), 0);
+  EXPECT_EQ(c.File("Data/LastRead.dat"), "a=4,\r\n");  // for when the store is back
 }
 
 TEST_F(Console, EndsWithEverythingSavedWhenASignalComesDuringAFetch) {

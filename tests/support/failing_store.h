@@ -48,6 +48,7 @@ class FailingStore final : public SettingsStore {
   [[nodiscard]] std::vector<StoredValue> ReadTree(Hive hive, std::string_view keyPath) override {
     return MayRead() ? real_.ReadTree(hive, keyPath) : std::vector<StoredValue>();
   }
+  [[nodiscard]] bool Readable() const override { return real_.Readable(); }
   [[nodiscard]] StoreStamp Stamp() override {
     StoreStamp stamp = real_.Stamp();
     stamp.own += failures_;

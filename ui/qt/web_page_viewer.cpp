@@ -4,11 +4,10 @@
 #include <QDesktopServices>
 #include <QFile>
 #include <QImageReader>
-#include <QRegularExpression>
-#include <QSet>
 #include <QStringDecoder>
 #include <QTextDocument>
 #include <algorithm>
+#include <array>
 
 #include "ui/qt/shown_string.h"
 
@@ -35,18 +34,32 @@ QString TextOf(const LoadedDocument& document) {
 
 qint64 PixelsOf(const QSize& size) { return qint64{size.width()} * size.height(); }
 
+QStringView NameAt(const QString& html, qsizetype begin) {
+  qsizetype end = begin;
+  while (end < html.size() && html[end].isLetterOrNumber()) {
+    ++end;
+  }
+  return QStringView(html).mid(begin, end - begin);
+}
+
+bool NeedsNoEnd(QStringView element) {
+  constexpr std::array kNames = {"p",  "li",  "td", "th",   "tr",   "dd",    "dt",
+                                 "br", "img", "hr", "meta", "link", "input", "col"};
+  return std::ranges::any_of(kNames, [element](const char* name) {
+    return element.compare(QLatin1String(name), Qt::CaseInsensitive) == 0;
+  });
+}
+
 // How many elements stand within each other at most, those that need no end tag left out. Laying
 // out takes the longer the deeper they are, far beyond what the length of the page says.
 int DepthOf(const QString& html) {
-  static const QRegularExpression tag("<(/?)([a-zA-Z][a-zA-Z0-9]*)");
-  static const QSet<QString> endless = {"p",  "li",  "td", "th",   "tr",   "dd",    "dt",
-                                        "br", "img", "hr", "meta", "link", "input", "col"};
   int depth = 0;
   int deepest = 0;
-  for (QRegularExpressionMatchIterator tags = tag.globalMatch(html); tags.hasNext();) {
-    const QRegularExpressionMatch found = tags.next();
-    if (!endless.contains(found.captured(2).toLower())) {
-      depth = std::max(0, depth + (found.captured(1).isEmpty() ? 1 : -1));
+  for (qsizetype at = html.indexOf('<'); at >= 0; at = html.indexOf('<', at + 1)) {
+    const bool ends = html.size() > at + 1 && html[at + 1] == '/';
+    const QStringView name = NameAt(html, at + (ends ? 2 : 1));
+    if (!name.isEmpty() && !NeedsNoEnd(name)) {
+      depth = std::max(0, depth + (ends ? -1 : 1));
       deepest = std::max(deepest, depth);
     }
   }

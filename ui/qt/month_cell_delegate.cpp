@@ -13,6 +13,7 @@ namespace {
 
 constexpr double kFaintest = 0.10;   // parts of the highlight colour in a cell with few hits
 constexpr double kStrongest = 0.55;  // and in the one with most
+constexpr double kHoursPart = 0.05;  // parts of the text colour behind the hours of the day
 constexpr int kSideRoom = 3;         // pixels beside the number
 constexpr double kSmallestFont = 5;  // points
 constexpr double kRoundingRoom =
@@ -31,7 +32,10 @@ void MonthCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opt
   const QPalette& palette = option.palette;
   const bool selected = option.state.testFlag(QStyle::State_Selected);
   const double share = index.data(MonthModel::ShareRole).toDouble();
-  QColor ground = palette.color(index.column() == 0 ? QPalette::AlternateBase : QPalette::Base);
+  QColor ground = palette.color(QPalette::Base);
+  if (index.column() == 0) {
+    ground = Mixed(ground, palette.color(QPalette::Text), kHoursPart);
+  }
   if (share > 0) {
     ground = Mixed(ground, palette.color(QPalette::Highlight),
                    kFaintest + std::sqrt(share) * (kStrongest - kFaintest));

@@ -11,13 +11,12 @@
 namespace tallyo {
 namespace {
 
-constexpr double kFaintest = 0.10;   // parts of the highlight colour in a cell with few hits
-constexpr double kStrongest = 0.55;  // and in the one with most
-constexpr double kHoursPart = 0.05;  // parts of the text colour behind the hours of the day
-constexpr int kSideRoom = 3;         // pixels beside the number
-constexpr double kSmallestFont = 5;  // points
-constexpr double kRoundingRoom =
-    0.5;  // pixels that a width may come out more when it is asked again
+constexpr double kFaintest = 0.10;     // parts of the highlight colour in a cell with few hits
+constexpr double kStrongest = 0.55;    // and in the one with most
+constexpr double kHoursPart = 0.05;    // parts of the text colour behind the hours of the day
+constexpr int kSideRoom = 3;           // pixels beside the number
+constexpr double kSmallestFont = 5;    // points
+constexpr double kRoundingRoom = 0.5;  // pixels: a width asked again may come out a little more
 
 }  // namespace
 
